@@ -1,0 +1,46 @@
+// The whole application with no window, told what to do line by line.
+#include <cstdio>
+#include <iostream>
+#include <string>
+
+#include "hosts/headless/driver.h"
+#include "hosts/headless/driver_options.h"
+#include "platform/foundation/installation_lock.h"
+
+namespace {
+
+/// Reads a line of at most the driver's length; of a longer one the rest is passed over, and
+/// what is given is just too long.
+bool readLine(std::istream& in, std::string& line) {
+    line.clear();
+    std::streambuf& buffer = *in.rdbuf();
+    for (int c = buffer.sbumpc(); c != std::char_traits<char>::eof(); c = buffer.sbumpc()) {
+        if (c == '\n') return true;
+        if (line.size() <= gexlo::Driver::kLongestLine) line += static_cast<char>(c);
+    }
+    return !line.empty();
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    const gexlo::DriverCommandLine commandLine = gexlo::parseDriverCommandLine(count, arguments);
+    if (!commandLine.options) {
+        std::fputs(commandLine.text.c_str(), commandLine.exitCode == 0 ? stdout : stderr);
+        return commandLine.exitCode;
+    }
+    const gexlo::DriverOptions& options = *commandLine.options;
+    const gexlo::InstallationLock lock(options.facts.root);
+    if (!lock.isHeld()) {
+        std::fprintf(stderr, "%s\n", lock.refusal().c_str());
+        return 1;
+    }
+    gexlo::Device device(options.facts, options.clock);
+    gexlo::Driver driver;
+    std::ios::sync_with_stdio(false);
+    std::string line;
+    while (readLine(std::cin, line))
+        std::cout << driver.answer(line) << std::endl;
+    driver.end();
+    return 0;
+}

@@ -1,0 +1,105 @@
+// The one seam to the world: whatever differs between a desktop, a test and a phone.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <typeindex>
+#include <vector>
+
+#include "platform/foundation/clock.h"
+#include "platform/foundation/log.h"
+#include "platform/foundation/main_queue.h"
+
+namespace gexlo {
+
+/// What a host says about the device before it installs it.
+struct DeviceFacts {
+    std::filesystem::path root;       ///< holds all that the application keeps
+    std::filesystem::path resources;  ///< texts, images, fonts
+    bool offersGroupContainer = true;
+
+    std::vector<std::string> languages{"en"};  ///< preferred first, as "ko" or "zh-Hant"
+    std::string region = "US";                 ///< ISO 3166 code, "" when unknown
+    std::string timeZone = "UTC";              ///< IANA name
+
+    int screenWidth = 375;
+    int screenHeight = 667;
+    int statusBarHeight = 20;
+    double screenScale = 2;
+    int keyboardHeight = 216;
+
+    std::string bundleVersion = "47";
+    std::string osVersion = "15.0";
+    std::string machine = "phone1,1";
+    std::string vendorId;
+    bool watchSupported = true;
+
+    std::string serviceUrl;
+    std::string feedbackUrl;
+
+    std::filesystem::path documentsDirectory() const { return root / "Documents"; }
+    std::filesystem::path groupDirectory() const { return root / "Group"; }
+    std::filesystem::path temporaryDirectory() const { return root / "tmp"; }
+    std::filesystem::path preferencesDirectory() const { return root / "Preferences"; }
+    std::filesystem::path keychainFile() const { return root / "Keychain.plist"; }
+};
+
+/// One device at a time is installed, from construction to end. Its end is the end of
+/// the process as the system sees it: every singleton goes, the last built first.
+class Device {
+public:
+    Device(DeviceFacts facts, Clock clock);
+    ~Device();
+    Device(const Device&) = delete;
+    Device& operator=(const Device&) = delete;
+
+    static Device& current();
+
+    const DeviceFacts& facts() const { return facts_; }
+    Clock& clock() { return clock_; }
+    Log& log() { return log_; }
+    MainQueue& mainQueue() { return mainQueue_; }
+
+    /// Held by every turn of the main queue. Whoever calls the system from another
+    /// thread, as the watch session does, holds it for the length of that call.
+    std::recursive_mutex& lock() { return lock_; }
+
+    /// Runs work on the main queue at once, as one turn of it.
+    void perform(const std::function<void()>& work) { mainQueue_.turn(work); }
+
+    /// The one instance of T, built at first call. A T with an `initSingleton` gets that
+    /// call once it can be reached.
+    template <typename T>
+    T& singleton();
+
+private:
+    struct Singleton {
+        std::type_index type;
+        std::shared_ptr<void> instance;  // shared only for its erased deleter
+    };
+    void* find(std::type_index type) const;
+
+    DeviceFacts facts_;
+    Clock clock_;
+    Log log_;
+    std::recursive_mutex lock_;
+    std::vector<Singleton> singletons_;
+    MainQueue mainQueue_;
+};
+
+template <typename T>
+T& Device::singleton() {
+    const std::scoped_lock guard(lock_);
+    if (void* built = find(typeid(T))) return *static_cast<T*>(built);
+    auto instance = std::make_shared<T>();
+    T& reference = *instance;
+    singletons_.push_back({typeid(T), std::move(instance)});
+    if constexpr (requires { reference.initSingleton(); }) reference.initSingleton();
+    return reference;
+}
+
+}  // namespace gexlo

@@ -1,0 +1,27 @@
+// Keeps a second run off the files of an installation.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace gexlo {
+
+/// Held from construction to end, and let go by the system when the process dies.
+class InstallationLock {
+public:
+    /// Makes the directory when it is missing, and takes its lock if it can.
+    explicit InstallationLock(const std::filesystem::path& root);
+    ~InstallationLock();
+    InstallationLock(const InstallationLock&) = delete;
+    InstallationLock& operator=(const InstallationLock&) = delete;
+
+    bool isHeld() const { return refusal_.empty(); }
+    /// Why it is not held, in a sentence.
+    const std::string& refusal() const { return refusal_; }
+
+private:
+    int descriptor_ = -1;
+    std::string refusal_;
+};
+
+}  // namespace gexlo

@@ -1,0 +1,85 @@
+#include "platform/foundation/main_queue.h"
+
+#include "platform/foundation/calendar.h"
+#include "platform/foundation/device.h"
+#include "platform/foundation/notification_center.h"
+
+namespace gexlo {
+
+void MainQueue::turn(const Work& work) {
+    const std::scoped_lock held(device_.lock());
+    work();
+    runQueued();
+    for (std::size_t i = 0; i < endOfTurn_.size(); ++i)
+        endOfTurn_[i]();
+}
+
+void MainQueue::runQueued() {
+    for (;;) {
+        std::vector<Work> batch;
+        {
+            const std::scoped_lock guard(mutex_);
+            batch.swap(queued_);
+        }
+        if (batch.empty()) return;
+        for (const Work& work : batch)
+            work();
+    }
+}
+
+void MainQueue::async(Work work) {
+    const std::scoped_lock guard(mutex_);
+    queued_.push_back(std::move(work));
+}
+
+void MainQueue::after(NSTimeInterval delay, Work work) {
+    const NSDate due = device_.clock().now().dateByAddingTimeInterval(delay);
+    const std::scoped_lock guard(mutex_);
+    delayed_.emplace(due, std::move(work));
+}
+
+std::optional<NSDate> MainQueue::nextDue() const {
+    const std::scoped_lock guard(mutex_);
+    if (delayed_.empty()) return std::nullopt;
+    return delayed_.begin()->first;
+}
+
+void MainQueue::runDue() {
+    for (;;) {
+        Work work;
+        {
+            const std::scoped_lock guard(mutex_);
+            if (delayed_.empty() || delayed_.begin()->first > device_.clock().now()) return;
+            work = std::move(delayed_.begin()->second);
+            delayed_.erase(delayed_.begin());
+        }
+        turn(work);
+    }
+}
+
+void MainQueue::advanceTo(NSDate end) {
+    for (auto due = nextDue(); due && *due <= end; due = nextDue()) {
+        device_.clock().turnTo(*due);
+        runDue();
+    }
+    device_.clock().turnTo(end);
+}
+
+void MainQueue::postSignificantTimeChanges() {
+    const NSDate now = device_.clock().now();
+    const NSDate midnight = NSCalendar::currentCalendar().startOfNextDay(now);
+    after(midnight.timeIntervalSinceDate(now), [this] {
+        NSNotificationCenter::defaultCenter().postNotificationName(
+            kSignificantTimeChangeNotification);
+        postSignificantTimeChanges();
+    });
+}
+
+void MainQueue::cancelAll() {
+    const std::scoped_lock guard(mutex_);
+    queued_.clear();
+    delayed_.clear();
+    endOfTurn_.clear();
+}
+
+}  // namespace gexlo

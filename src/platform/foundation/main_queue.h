@@ -1,0 +1,63 @@
+// The main queue: work in order, work after a delay, and what follows each turn of it.
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "platform/foundation/date.h"
+
+namespace gexlo {
+
+class Device;
+
+/// Posted on the default notification centre at each local midnight.
+inline constexpr const char* kSignificantTimeChangeNotification =
+    "UIApplicationSignificantTimeChangeNotification";
+
+class MainQueue {
+public:
+    using Work = std::function<void()>;
+
+    explicit MainQueue(Device& device) : device_(device) {}
+
+    /// Runs `work` now, then all that is queued by then, then the hooks of the turn's end,
+    /// holding the device's lock throughout.
+    void turn(const Work& work);
+
+    /// Queues work behind what is queued already; from any thread.
+    void async(Work work);
+    /// Runs work once `delay` seconds have passed on the device's clock; work that falls
+    /// due at one moment runs in the order it came.
+    void after(NSTimeInterval delay, Work work);
+
+    /// When the next delayed work falls due.
+    std::optional<NSDate> nextDue() const;
+    /// Runs, each in a turn of its own, all that is due by the clock.
+    void runDue();
+    /// Turns the clock on to `end`, stopping at every moment at which work falls due.
+    void advanceTo(NSDate end);
+
+    /// Called at the end of every turn, in the order of registration.
+    void atEndOfTurn(Work hook) { endOfTurn_.push_back(std::move(hook)); }
+
+    void postSignificantTimeChanges();
+    /// Drops what is queued and the hooks, at the end of the device.
+    void cancelAll();
+
+private:
+    void runQueued();
+
+    Device& device_;
+    mutable std::mutex mutex_;  // guards the two queues, which other threads may fill
+    std::vector<Work> queued_;
+    std::multimap<NSDate, Work> delayed_;
+    std::deque<Work> endOfTurn_;  // a hook may add one while they run
+};
+
+}  // namespace gexlo

@@ -1,0 +1,58 @@
+// Posts to many listeners, delivered at once and in the order of registration.
+#pragma once
+
+#include <any>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/foundation/device.h"
+
+namespace gexlo {
+
+/// What travels with a post, by the keys that the poster and its observers agreed on.
+using UserInfo = std::map<std::string, std::any, std::less<>>;
+
+struct NSNotification {
+    std::string name;
+    UserInfo userInfo;
+};
+
+/// A registration: it ends with its holder.
+class NotificationToken {
+public:
+    NotificationToken() = default;
+    NotificationToken(NotificationToken&&) = default;
+    NotificationToken& operator=(NotificationToken&&) = default;
+
+private:
+    friend class NSNotificationCenter;
+    std::shared_ptr<void> observer_;
+};
+
+class NSNotificationCenter {
+public:
+    using Callback = std::function<void(const NSNotification&)>;
+
+    static NSNotificationCenter& defaultCenter() {
+        return Device::current().singleton<NSNotificationCenter>();
+    }
+
+    [[nodiscard]] NotificationToken addObserver(std::string_view name, Callback callback);
+
+    /// Calls every observer that was registered when the post began and still is when
+    /// its turn comes; observers may come and go meanwhile.
+    void postNotificationName(std::string_view name, UserInfo userInfo = {});
+
+private:
+    struct Observer {
+        std::string name;
+        Callback callback;
+    };
+    std::vector<std::weak_ptr<Observer>> observers_;
+};
+
+}  // namespace gexlo

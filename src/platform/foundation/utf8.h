@@ -1,0 +1,16 @@
+// Checks on texts that come from outside.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace gexlo {
+
+bool isValidUtf8(std::string_view text);
+/// The text with every ill-formed sequence replaced by U+FFFD.
+std::string repairedUtf8(std::string_view text);
+/// Length as the platform counts it: UTF-16 units.
+std::size_t utf16Length(std::string_view text);
+
+}  // namespace gexlo

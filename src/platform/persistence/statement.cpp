@@ -1,0 +1,34 @@
+#include "platform/persistence/statement.h"
+
+namespace gexlo {
+
+Statement prepare(sqlite3* database, std::string_view sql) {
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v2(database, sql.data(), static_cast<int>(sql.size()), &statement, nullptr);
+    return Statement(statement);
+}
+
+int execute(sqlite3* database, const std::string& sql) {
+    return sqlite3_exec(database, sql.c_str(), nullptr, nullptr, nullptr);
+}
+
+sqlite3_int64 singleNumber(sqlite3* database, std::string_view sql) {
+    const Statement statement = prepare(database, sql);
+    const bool row = statement && sqlite3_step(statement.get()) == SQLITE_ROW;
+    return row ? sqlite3_column_int64(statement.get(), 0) : 0;
+}
+
+NSError databaseError(sqlite3* database) {
+    return {kSQLiteErrorDomain,
+            sqlite3_extended_errcode(database),
+            {{"NSSQLiteErrorDescription", sqlite3_errmsg(database)}}};
+}
+
+std::string sqlName(std::string_view name) {
+    std::string result = "\"";
+    for (const char c : name)
+        result.append(c == '"' ? 2 : 1, c);
+    return result + "\"";
+}
+
+}  // namespace gexlo

@@ -1,0 +1,35 @@
+// SQLite's handles, owned.
+#pragma once
+
+#include <sqlite3.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/persistence/error.h"
+
+namespace gexlo {
+
+struct DatabaseCloser {
+    void operator()(sqlite3* database) const { sqlite3_close(database); }
+};
+using Database = std::unique_ptr<sqlite3, DatabaseCloser>;
+
+struct StatementFinalizer {
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using Statement = std::unique_ptr<sqlite3_stmt, StatementFinalizer>;
+
+/// Null when the text does not compile; the database knows why.
+Statement prepare(sqlite3* database, std::string_view sql);
+/// Runs statements that give no rows; SQLite's result code.
+int execute(sqlite3* database, const std::string& sql);
+/// The one number that a query gives, 0 without a row.
+sqlite3_int64 singleNumber(sqlite3* database, std::string_view sql);
+/// What the database says of its last failure.
+NSError databaseError(sqlite3* database);
+/// A name as SQLite takes it whatever it holds.
+std::string sqlName(std::string_view name);
+
+}  // namespace gexlo

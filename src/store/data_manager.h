@@ -1,0 +1,120 @@
+// The store as the rest of the system reaches it.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/foundation/file_manager.h"
+#include "store/entities.h"
+#include "store/is_data_manager.h"
+
+namespace gexlo {
+
+/// One door to timetables, subjects and items. It stands on the main queue; what it says
+/// of saving holds for every operation, and a save that fails ends the process.
+class GXDataManager final : public ISDataManager {
+public:
+    static GXDataManager& manager();
+    ~GXDataManager();
+
+    // MARK: the stack
+
+    NSManagedObjectContext* managedObjectContext();
+    const NSManagedObjectModel& managedObjectModel() const;
+    /// Opened, and moved to the group directory, at first call.
+    NSPersistentStoreCoordinator& persistentStoreCoordinator();
+    NSURL applicationDocumentsDirectory() const;
+    /// The documents directory where the system offers no group container.
+    NSURL applicationGroupDirectory() const;
+    /// Opens and moves the store once more and keeps nothing of it. Nothing calls it.
+    void migrationAppDataToAppGroup() const;
+
+    // MARK: the start
+
+    void initSingleton();
+    /// What happened to the version at this start; nothing when it stayed.
+    const std::optional<std::string>& versionInfo() const { return versionInfo_; }
+    /// Repairs rows that a move of the store has doubled; saves. The twin with the same body
+    /// is run at every start, this one only after versions below 41.
+    void cleanOverlapData();
+    void cleanOverlapData2();
+
+    // MARK: timetables
+
+    /// The one row of settings, made unsaved when there is none.
+    GXAppSettingData& appSettingData();
+    /// The timetable of that `index`, or null.
+    GXTimetableData* timetableData(NSInteger index);
+    GXTimetableData* timetableDataWithSortIndex(NSInteger sortIndex);
+    GXTimetableData* currentTimetableData();
+    /// All, by descending `sortIndex`.
+    std::vector<GXTimetableData*> timetableList();
+    NSInteger currentTimetableNo() const { return currentTimetableNo_; }
+    void setCurrentTimetableNo(NSInteger index) { currentTimetableNo_ = index; }
+
+    /// A timetable with the defaults of a new one; saves.
+    GXTimetableData& addNewTimetable();
+    /// A copy of settings, class times and subjects with their placements, without alarms,
+    /// items, memos and counters; saves. Of an `index` that is none, an empty timetable.
+    GXTimetableData& copyTimetableFromTimetableNo(NSInteger index);
+    /// Removes it with all that hangs under it; saves. Its update number and user image stay.
+    void removeTimetable(NSInteger index);
+
+    NSInteger startingTimetableNo();
+    bool fixedStartingTimetable();
+    /// Saves.
+    void setStartingTimetable_fixed(NSInteger index, bool fixed);
+
+    // MARK: update numbers
+
+    /// Starts the counter, and with it the current timetable's, when it was never raised.
+    NSInteger getDataUpdateNo();
+    NSInteger getTimetableUpdateNo(NSInteger index) const;
+    void dataUpdateNoUp();
+    void timetableUpdateNoUp();
+    void timetableUpdateNoUp(NSInteger index);
+
+    // MARK: subjects and items
+
+    /// By descending `sortIndex`; subjects that were never ordered are numbered first, and saved.
+    std::vector<GXLessonData*> lessonListForCurrentTimetable();
+    /// A subject with a memo and a teacher; saves.
+    GXLessonData& addNewLessonInTimetable(GXTimetableData& timetable);
+    // Unattached and unsaved:
+    GXProfessorData& addNewProfessor();
+    GXMemoData& addNewMemo();
+    GXHomeworkData& addNewHomework();
+    GXExamData& addNewExam();
+    GXDayNPeriodData& addNewDayNPeriod();
+
+    /// Saves.
+    void removeLesson_inTimetable(GXLessonData& lesson, GXTimetableData& timetable);
+    void removeAllLessonsInTimetable(GXTimetableData& timetable);
+    /// Removes the item and renumbers those left with its owner; saves.
+    void removeHomework(GXHomeworkData& homework);
+    void removeExam(GXExamData& exam);
+    /// Take the item out of its owner without deleting it, and renumber those left; saves if
+    /// any are.
+    void removeHomework_fromLesson(GXHomeworkData& homework, GXLessonData& lesson);
+    void removeExam_fromLesson(GXExamData& exam, GXLessonData& lesson);
+    void removeHomework_fromTimetable(GXHomeworkData& homework, GXTimetableData& timetable);
+    void removeExam_fromTimetable(GXExamData& exam, GXTimetableData& timetable);
+
+private:
+    void noteVersion();
+    void keepOneAppSetting();
+    void separateTimetableTwins();
+    template <typename Item>
+    void removeItem(Item& item);
+    template <typename Item>
+    void renumber(const ToMany<Item>& items);
+
+    std::unique_ptr<NSPersistentStoreCoordinator> persistentStoreCoordinator_;
+    std::unique_ptr<NSManagedObjectContext> managedObjectContext_;
+    NSInteger currentTimetableNo_ = 0;
+    std::optional<std::string> versionInfo_;
+};
+
+}  // namespace gexlo
