@@ -3,3 +3,7 @@ if(GEXLO_SANITIZE)
                       -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${GEXLO_SANITIZE})
 endif()
+if(GEXLO_FUZZ)
+  # Coverage of the code under test is what guides the fuzzers.
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()

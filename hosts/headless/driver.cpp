@@ -78,6 +78,9 @@ std::string Driver::answer(std::string_view line) {
     if (command->needsLaunch && !hasLaunched_) {
         return written(failure("the application was not launched"));
     }
+    Device& device = Device::current();
+    if (!device.clock().stands()) device.mainQueue().runDue();
+    const std::scoped_lock held(device.lock());
     return written((this->*command->run)(fields));
 }
 
@@ -130,9 +133,10 @@ json Driver::advance(const json& fields) {
 }
 
 json Driver::store(const json&) {
+    json store = jsonFromStore(*GXDataManager::manager().managedObjectContext());
+    if (store.is_null()) return failure("the store cannot be read");
     json answer = success();
-    Device::current().perform(
-        [&] { answer["store"] = jsonFromStore(*GXDataManager::manager().managedObjectContext()); });
+    answer["store"] = std::move(store);
     return answer;
 }
 

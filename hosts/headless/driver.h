@@ -21,8 +21,6 @@ public:
     /// The end of input: terminates the application as the platform would.
     void end();
 
-    bool hasLaunched() const { return hasLaunched_; }
-
 private:
     struct Command;
     static const Command* commandNamed(std::string_view name);

@@ -1,5 +1,8 @@
 #include "hosts/headless/json_values.h"
 
+#include <fmt/format.h>
+
+#include <algorithm>
 #include <map>
 
 namespace gexlo {
@@ -27,6 +30,12 @@ struct JsonMaker {
     json operator()(const std::shared_ptr<NSCoding>&) const { return nullptr; }
 };
 
+/// A float as the decimal number that it was written as: 0.8, not 0.800000011920929.
+json jsonFromFloat(double value) {
+    json number = json::parse(fmt::format("{}", static_cast<float>(value)), nullptr, false);
+    return number.is_discarded() ? json() : number;  // not a number, or infinite
+}
+
 using Places = std::map<const NSManagedObject*, std::size_t>;
 
 json jsonFromManagedObject(const NSManagedObject& object, const Places& places) {
@@ -34,7 +43,10 @@ json jsonFromManagedObject(const NSManagedObject& object, const Places& places) 
     const EntityDescription& entity = object.entityDescription();
     for (const AttributeDescription& attribute : entity.attributes) {
         const Object value = object.valueForKey(attribute.name);
-        if (!value.isAbsent()) result[attribute.name] = jsonFromObject(value);
+        if (value.isAbsent()) continue;
+        result[attribute.name] = attribute.type == AttributeType::real
+                                     ? jsonFromFloat(value.doubleValue())
+                                     : jsonFromObject(value);
     }
     for (const RelationshipDescription& relationship : entity.relationships) {
         json references = json::array();

@@ -33,7 +33,7 @@ int main(int count, char** arguments) {
     const gexlo::InstallationLock lock(options.facts.root);
     if (!lock.isHeld()) {
         std::fprintf(stderr, "%s\n", lock.refusal().c_str());
-        return 1;
+        return lock.isTaken() ? 1 : 2;
     }
     gexlo::Device device(options.facts, options.clock);
     gexlo::Driver driver;

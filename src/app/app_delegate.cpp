@@ -8,12 +8,18 @@
 
 namespace gexlo {
 
+namespace {
+
+/// Built after the store that it reads, and so ended before it.
+struct SavedContext {
+    NSManagedObjectContext context{GXDataManager::manager().persistentStoreCoordinator()};
+};
+
+}  // namespace
+
 GXAppDelegate& GXAppDelegate::delegate() {
     return Device::current().singleton<GXAppDelegate>();
 }
-
-GXAppDelegate::GXAppDelegate() = default;
-GXAppDelegate::~GXAppDelegate() = default;
 
 bool GXAppDelegate::application_didFinishLaunchingWithOptions() {
     const NSDate begin = NSDate::date();
@@ -26,7 +32,7 @@ bool GXAppDelegate::application_didFinishLaunchingWithOptions() {
         defaults.synchronize();
     }
     NSLog("LAUNCH");
-    mainView_ = std::make_unique<GXMainView>();
+    mainView_ = &Device::current().singleton<GXMainView>();
 
     // At the first start notifications of an earlier install are to be cancelled here.
     if (defaults.integerForKey(user_default::kFirstStarting) == 0) {
@@ -53,11 +59,27 @@ void GXAppDelegate::applicationWillTerminate() {
 }
 
 NSManagedObjectContext* GXAppDelegate::managedObjectContext() {
-    if (!managedObjectContext_) {
-        managedObjectContext_ = std::make_unique<NSManagedObjectContext>(
-            GXDataManager::manager().persistentStoreCoordinator());
-    }
-    return managedObjectContext_.get();
+    return &Device::current().singleton<SavedContext>().context;
+}
+
+const NSManagedObjectModel& GXAppDelegate::managedObjectModel() const {
+    return GXDataManager::manager().managedObjectModel();
+}
+
+NSPersistentStoreCoordinator& GXAppDelegate::persistentStoreCoordinator() {
+    return GXDataManager::manager().persistentStoreCoordinator();
+}
+
+NSURL GXAppDelegate::applicationDocumentsDirectory() const {
+    return GXDataManager::manager().applicationDocumentsDirectory();
+}
+
+NSURL GXAppDelegate::applicationGroupDirectory() const {
+    return GXDataManager::manager().applicationGroupDirectory();
+}
+
+void GXAppDelegate::migrationAppDataToAppGroup() const {
+    GXDataManager::manager().migrationAppDataToAppGroup();
 }
 
 void GXAppDelegate::saveContext() {

@@ -1,18 +1,18 @@
 // Where the platform enters: launch, background and end.
 #pragma once
 
-#include <memory>
+#include "platform/foundation/file_manager.h"
 
 namespace gexlo {
 
 class GXMainView;
 class NSManagedObjectContext;
+class NSManagedObjectModel;
+class NSPersistentStoreCoordinator;
 
 class GXAppDelegate {
 public:
     static GXAppDelegate& delegate();
-    GXAppDelegate();
-    ~GXAppDelegate();
 
     /// The launch, up to the first timetable on screen.
     bool application_didFinishLaunchingWithOptions();
@@ -25,17 +25,23 @@ public:
     void applicationDidBecomeActive() {}
     void applicationDidReceiveMemoryWarning() {}
 
-    /// A context of its own, which sees only what was saved and never has changes. It stands
-    /// on the one stack that the data manager has opened.
+    /// A context of its own, which sees only what was saved and never has changes. The stack
+    /// under it is the one that the data manager has opened; the operations that the two have
+    /// alike lead there.
     NSManagedObjectContext* managedObjectContext();
+    const NSManagedObjectModel& managedObjectModel() const;
+    NSPersistentStoreCoordinator& persistentStoreCoordinator();
+    NSURL applicationDocumentsDirectory() const;
+    NSURL applicationGroupDirectory() const;
     void saveContext();
+    /// Nothing calls it.
+    void migrationAppDataToAppGroup() const;
 
     /// Null before the launch.
-    GXMainView* mainView() const { return mainView_.get(); }
+    GXMainView* mainView() const { return mainView_; }
 
 private:
-    std::unique_ptr<NSManagedObjectContext> managedObjectContext_;
-    std::unique_ptr<GXMainView> mainView_;
+    GXMainView* mainView_ = nullptr;  // ends before the store that it was built on
 };
 
 }  // namespace gexlo

@@ -7,12 +7,6 @@
 
 namespace gexlo {
 
-namespace {
-
-constexpr float kDataVersion = 4.0F;
-
-}  // namespace
-
 GXMainView::GXMainView() {
     initAppInformationFromCoreData();
     setCurrentTimetableFromCoreData();
@@ -22,10 +16,11 @@ GXMainView::GXMainView() {
 
 void GXMainView::initAppInformationFromCoreData() {
     GXDataManager& manager = GXDataManager::manager();
+    context_ = manager.context();
     GXAppSettingData& setting = manager.appSettingData();
     if (setting.lastTimetableIndex.get() != -1) {
         manager.setCurrentTimetableNo(manager.startingTimetableNo());
-        setting.dataVersion = kDataVersion;
+        setting.dataVersion = GXDataManager::kDataVersion;
     } else {
         manager.setCurrentTimetableNo(0);
     }

@@ -6,6 +6,7 @@
 namespace gexlo {
 
 class GXTimetableData;
+class NSManagedObjectContext;
 
 class GXMainView {
 public:
@@ -22,9 +23,13 @@ public:
     NSInteger timetablePosition() const { return timetablePosition_; }
     void setTimetablePosition(NSInteger position) { timetablePosition_ = position; }
 
+    /// The data manager's, on which the screen works.
+    NSManagedObjectContext* context() const { return context_; }
+
 private:
     GXTimetableData& timetableToLoad();
 
+    NSManagedObjectContext* context_ = nullptr;
     NSInteger timetablePosition_ = 0;
 };
 

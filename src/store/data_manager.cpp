@@ -92,7 +92,7 @@ GXAppSettingData& GXDataManager::appSettingData() {
     const auto rows = dataList<GXAppSettingData>();
     if (!rows.empty()) return *rows.front();
     auto& setting = addNewData<GXAppSettingData>();
-    setting.dataVersion = 4.0F;
+    setting.dataVersion = kDataVersion;
     setting.startingTimetable = 0;
     setting.lastLessonIndex = -1;
     setting.lastTimetableIndex = -1;

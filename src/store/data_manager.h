@@ -16,6 +16,9 @@ namespace gexlo {
 /// of saving holds for every operation, and a save that fails ends the process.
 class GXDataManager final : public ISDataManager {
 public:
+    /// Version of the data model that this program writes.
+    static constexpr float kDataVersion = 4.0F;
+
     static GXDataManager& manager();
     ~GXDataManager();
 
@@ -28,7 +31,8 @@ public:
     NSURL applicationDocumentsDirectory() const;
     /// The documents directory where the system offers no group container.
     NSURL applicationGroupDirectory() const;
-    /// Opens and moves the store once more and keeps nothing of it. Nothing calls it.
+    /// Opens and moves the store once more and keeps nothing of it. Nothing calls it; it is
+    /// for a process that has no store open.
     void migrationAppDataToAppGroup() const;
 
     // MARK: the start
@@ -103,6 +107,7 @@ public:
     void removeExam_fromTimetable(GXExamData& exam, GXTimetableData& timetable);
 
 private:
+    void giveNextIndex(GXTimetableData& timetable);
     void noteVersion();
     void keepOneAppSetting();
     void separateTimetableTwins();

@@ -122,10 +122,7 @@ void GXDataManager::separateTimetableTwins() {
         }
         if (!hasTwin) continue;
         // Alarms and attendance that hold the old number keep it.
-        GXAppSettingData& setting = appSettingData();
-        setting.lastTimetableIndex = setting.lastTimetableIndex.get() + 1;
-        timetable.index = setting.lastTimetableIndex.get();
-        timetable.sortIndex = setting.lastTimetableIndex.get();
+        giveNextIndex(timetable);
         saveContext();
     }
 }

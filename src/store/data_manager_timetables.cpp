@@ -1,6 +1,4 @@
 // Making, copying and removing timetables, the starting one, and counting changes.
-#include <array>
-
 #include "platform/foundation/bundle.h"
 #include "platform/foundation/user_defaults.h"
 #include "store/app_local.h"
@@ -15,74 +13,58 @@ namespace {
 constexpr NSInteger kLastUsedCode = 1000;
 constexpr const char* kPlainBackground = "#F3F0EC";
 
-NSInteger takeNextTimetableIndex(GXAppSettingData& setting) {
-    setting.lastTimetableIndex = setting.lastTimetableIndex.get() + 1;
-    return setting.lastTimetableIndex.get();
-}
-
-void setIdentity(GXTimetableData& timetable, NSInteger index) {
-    timetable.index = index;
-    timetable.sortIndex = index;
-}
-
 /// A user's image is a file of its own timetable and cannot be copied along.
 bool isUserImage(const std::string& background) {
     return background == "from_album" || background == "new_photo_from_album";
 }
 
-/// Members of a class that a copy takes over, walked as a table.
-template <typename Class, typename T, std::size_t count>
-void copyMembers(Class& copy, const Class& source,
-                 const std::array<Attribute<T> Class::*, count>& members) {
-    for (const auto member : members)
-        (copy.*member).copyFrom(source.*member);
+/// Takes over the members that are named, absence included.
+template <typename Class, typename... Members>
+void copyMembers(Class& copy, const Class& source, Members Class::*... members) {
+    ((copy.*members).copyFrom(source.*members), ...);
 }
 
 void copySettings(GXTimetableData& copy, const GXTimetableData& source) {
     using T = GXTimetableData;
-    copyMembers(
-        copy, source,
-        std::array{&T::numWeeks, &T::firstDay, &T::lastDay, &T::firstPeriod, &T::lastPeriod});
-    copyMembers(copy, source,
-                std::array{&T::daysToNumbers, &T::daysOnLeft, &T::useHalfPeriods,
-                           &T::showClasstimes, &T::useSameClasshours, &T::useAbsenceCounting});
-    copyMembers(copy, source,
-                std::array{&T::colorBorder, &T::colorTableBack, &T::colorDaysBack,
-                           &T::colorDaysFont, &T::colorPeriodsBack, &T::colorPeriodsFont});
-    copyMembers(copy, source,
-                std::array{&T::alphaBorder, &T::alphaTableBack, &T::alphaDaysBack,
-                           &T::alphaPeriodsBack, &T::alphaSubject});
     // `textSize` does not come along: the copy has none, and readers get 0.
+    copyMembers(copy, source, &T::numWeeks, &T::firstDay, &T::lastDay, &T::firstPeriod,
+                &T::lastPeriod, &T::daysToNumbers, &T::daysOnLeft, &T::useHalfPeriods,
+                &T::showClasstimes, &T::useSameClasshours, &T::colorBorder, &T::alphaBorder,
+                &T::colorTableBack, &T::alphaTableBack, &T::colorDaysBack, &T::alphaDaysBack,
+                &T::colorDaysFont, &T::colorPeriodsBack, &T::alphaPeriodsBack, &T::colorPeriodsFont,
+                &T::alphaSubject, &T::useAbsenceCounting);
 }
 
 void copyClasstime(GXClasstimeData& copy, const GXClasstimeData& source) {
     using T = GXClasstimeData;
-    copyMembers(copy, source,
-                std::array{&T::week, &T::beginHour, &T::beginMin, &T::endHour, &T::endMin});
-    copyMembers(copy, source, std::array{&T::name, &T::shortName});
-    copyMembers(copy, source, std::array{&T::period});
+    copyMembers(copy, source, &T::week, &T::name, &T::shortName, &T::period, &T::beginHour,
+                &T::beginMin, &T::endHour, &T::endMin);
 }
 
 void copySubject(GXLessonData& copy, const GXLessonData& source) {
     using T = GXLessonData;
-    copyMembers(copy, source,
-                std::array{&T::name, &T::color, &T::fontColor, &T::room1, &T::room2, &T::room3});
-    copyMembers(copy, source, std::array{&T::rgbRed, &T::rgbGreen, &T::rgbBlue});
+    copyMembers(copy, source, &T::name, &T::color, &T::fontColor, &T::rgbRed, &T::rgbGreen,
+                &T::rgbBlue, &T::room1, &T::room2, &T::room3);
     if (source.professor && copy.professor) copy.professor->name.copyFrom(source.professor->name);
 }
 
 void copyPlacement(GXDayNPeriodData& copy, const GXDayNPeriodData& source) {
     using T = GXDayNPeriodData;
-    copyMembers(copy, source, std::array{&T::week, &T::day});
-    copyMembers(copy, source, std::array{&T::period});
-    copyMembers(copy, source, std::array{&T::room});
+    copyMembers(copy, source, &T::week, &T::day, &T::period, &T::room);
 }
 
 }  // namespace
 
+/// The next number that was never given, as identity and as the top of the list.
+void GXDataManager::giveNextIndex(GXTimetableData& timetable) {
+    GXAppSettingData& setting = appSettingData();
+    setting.lastTimetableIndex = setting.lastTimetableIndex.get() + 1;
+    timetable.index = setting.lastTimetableIndex.get();
+    timetable.sortIndex = setting.lastTimetableIndex.get();
+}
+
 GXTimetableData& GXDataManager::addNewTimetable() {
     auto& timetable = addNewData<GXTimetableData>();
-    const NSInteger index = takeNextTimetableIndex(appSettingData());
     timetable.backgroundImage = kPlainBackground;
     timetable.name = NSLocalizedString("NEW_TIMETABLE");
     timetable.numWeeks = 1;
@@ -96,7 +78,7 @@ GXTimetableData& GXDataManager::addNewTimetable() {
     timetable.showClasstimes = false;
     timetable.useSameClasshours = true;
     timetable.textSize = 10;
-    setIdentity(timetable, index);
+    giveNextIndex(timetable);
     timetable.colorBorder = "#191919";
     timetable.alphaBorder = 0.8F;
     timetable.colorTableBack = "#FFFFFF";
@@ -116,7 +98,7 @@ GXTimetableData& GXDataManager::addNewTimetable() {
 GXTimetableData& GXDataManager::copyTimetableFromTimetableNo(NSInteger index) {
     const GXTimetableData* source = timetableData(index);
     auto& copy = addNewData<GXTimetableData>();
-    setIdentity(copy, takeNextTimetableIndex(appSettingData()));
+    giveNextIndex(copy);
     const std::string name = source ? source->name.get() : "";
     copy.name = stringWithFormat("%@ %@", name, NSLocalizedString("COPY"));
     if (!source) {

@@ -27,7 +27,9 @@ void ISDataManager::refreshObject(NSManagedObject& object) {
 }
 
 NSManagedObject& ISDataManager::addNewDataWithEntityName(std::string_view entityName) {
-    return *context_->insertNewObjectForEntityForName(entityName);
+    NSManagedObject* object = context_->insertNewObjectForEntityForName(entityName);
+    if (!object) fatal(stringWithFormat("There is no entity \"%@\"", entityName));
+    return *object;
 }
 
 void ISDataManager::removeData(NSManagedObject& object) {

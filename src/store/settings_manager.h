@@ -28,6 +28,7 @@ public:
 
     /// Null before the first `setData`.
     GXPeriodsController* periodsInfo() const { return periodsInfo_.get(); }
+    void setPeriodsInfo(std::unique_ptr<GXPeriodsController> periods);
 
     NSInteger timetableNo() const { return timetableNo_; }
     void setTimetableNo(NSInteger value) { timetableNo_ = value; }

@@ -8,9 +8,10 @@
 
 namespace gexlo::user_default {
 
-inline constexpr const char* kAppVersion = "app_version";         ///< bundle version last seen
-inline constexpr const char* kPreAppVersion = "pre_app_version";  ///< the one before; nothing reads it
-inline constexpr const char* kNowUpdated = "now_updated";      ///< 1 until all alarms are rebuilt
+inline constexpr const char* kAppVersion = "app_version";  ///< bundle version last seen
+inline constexpr const char* kPreAppVersion =
+    "pre_app_version";                                     ///< the one before; nothing reads it
+inline constexpr const char* kNowUpdated = "now_updated";  ///< 1 until all alarms are rebuilt
 inline constexpr const char* kFirstStarting = "first_starting";  ///< 1 after the first start
 /// Page of the grid, 0 or 1, on which the starting timetable was left.
 inline constexpr const char* kLastTimetableIndex = "last_timetable_index";
@@ -21,10 +22,14 @@ inline constexpr const char* kLastUsedScheduleView = "lastUsedScheduleView";
 // How the schedule list is sorted, kept in the group's suite as well for the watch.
 inline constexpr const char* kScheduleListSortType = "scheduleListSortType";            ///< 0, 1, 2
 inline constexpr const char* kScheduleListSortAscending = "scheduleListSortAscending";  ///< 3, 4
-inline constexpr const char* kScheduleListSortLinked = "scheduleListSortLinked";  ///< 1 un-, 2 linked
-inline constexpr const char* kWrittenReview = "writtenReview";  ///< 2 once the review link was followed
+inline constexpr const char* kScheduleListSortLinked =
+    "scheduleListSortLinked";  ///< 1 un-, 2 linked
+inline constexpr const char* kWrittenReview =
+    "writtenReview";  ///< 2 once the review link was followed
 
 /// Counts the changes of one timetable.
-inline std::string timetableUpdateNo(NSInteger index) { return stringWithFormat("T%ld", index); }
+inline std::string timetableUpdateNo(NSInteger index) {
+    return stringWithFormat("T%ld", index);
+}
 
 }  // namespace gexlo::user_default

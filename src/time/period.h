@@ -40,7 +40,8 @@ public:
     void clearPeriodData(float number);
     /// Sets the four numbers and the texts that follow from them. A time of which one field
     /// alone is set prints the other as 99.
-    void setBeginHour_beginMin_endHour_endMin(NSInteger bh, NSInteger bm, NSInteger eh, NSInteger em);
+    void setBeginHour_beginMin_endHour_endMin(NSInteger bh, NSInteger bm, NSInteger eh,
+                                              NSInteger em);
     /// What a row made by adding a break is: kind and names by the number, no times.
     void setBreak(float number, std::string full, std::string abbreviated);
 
@@ -50,7 +51,8 @@ public:
     std::string endMinString() const;
 
 private:
-    void setKindAndNames(float number, const std::string& breakName, const std::string& breakShortName);
+    void setKindAndNames(float number, const std::string& breakName,
+                         const std::string& breakShortName);
 };
 
 }  // namespace gexlo

@@ -188,6 +188,7 @@ void GXPeriodsController::removeBreakPeriod(float number) {
 }
 
 void GXPeriodsController::replaceBreakPeriod_to(float from, float to) {
+    // Base and half periods stay where they are, so `from` has to be a break's as well.
     if (!isBreakNumber(from) || !isBreakNumber(to) || from == to) return;
     // One way only, and meant so.
     if (periodTenth(from) == 6 && periodTenth(to) == 1) return;

@@ -43,6 +43,10 @@ void GXSettingsManager::setData(const GXTimetableData& timetable) {
     takeThemeType();
 }
 
+void GXSettingsManager::setPeriodsInfo(std::unique_ptr<GXPeriodsController> periods) {
+    periodsInfo_ = std::move(periods);
+}
+
 void GXSettingsManager::updatePeriodsInfo() {
     if (!periodsInfo_) return;
     periodsInfo_->setFirstPeriod_lastPeriod_useHalfPeriods(firstPeriod_, lastPeriod_,

@@ -60,10 +60,11 @@ NSBundle& NSBundle::mainBundle() {
     return Device::current().singleton<NSBundle>();
 }
 
-NSBundle::NSBundle() : localization_(localizationFor(Device::current().facts().languages)) {
+NSBundle::NSBundle() {
+    const std::string localization = localizationFor(Device::current().facts().languages);
     const std::filesystem::path directory = Device::current().facts().resources / "strings";
-    tables_.push_back(readTable(directory / (localization_ + ".json")));
-    if (localization_ != "en") tables_.push_back(readTable(directory / "en.json"));
+    tables_.push_back(readTable(directory / (localization + ".json")));
+    if (localization != "en") tables_.push_back(readTable(directory / "en.json"));
 }
 
 std::string NSBundle::objectForInfoDictionaryKey(std::string_view key) const {

@@ -21,13 +21,9 @@ public:
     /// The text in the user's language, else in English, else the key itself.
     std::string localizedStringForKey(std::string_view key) const;
 
-    /// The table that serves the user's languages: "en", "ko", "ja", "zh-Hans" or "zh-Hant".
-    const std::string& localization() const { return localization_; }
-
 private:
     using Table = std::map<std::string, std::string, std::less<>>;
 
-    std::string localization_;
     std::vector<Table> tables_;  // in the order in which they are asked
 };
 

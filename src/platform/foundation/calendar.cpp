@@ -56,10 +56,14 @@ NSDate NSCalendar::dateFromComponents(const NSDateComponents& components) const 
 }
 
 NSDate NSCalendar::startOfNextDay(NSDate date) const {
-    NSDateComponents components = componentsFromDate(date);
-    components.day += 1;
-    components.hour = components.minute = components.second = 0;
-    return dateFromComponents(components);
+    const NSDateComponents today = componentsFromDate(date);
+    const auto icu = icuCalendar(zone_);
+    // Where the clock is changed at midnight a day begins at 1, or has two midnights.
+    icu->setSkippedWallTimeOption(UCAL_WALLTIME_NEXT_VALID);
+    icu->setRepeatedWallTimeOption(UCAL_WALLTIME_FIRST);
+    icu->clear();
+    icu->set(today.year, today.month - 1, today.day + 1, 0, 0, 0);
+    return dateOf(*icu);
 }
 
 NSDate NSCalendar::dateByAddingDays(NSDate date, int days) const {

@@ -1,6 +1,5 @@
 #include "platform/foundation/device.h"
 
-#include <unicode/locid.h>
 #include <unicode/timezone.h>
 
 #include <algorithm>
@@ -40,12 +39,17 @@ Device::Device(DeviceFacts facts, Clock clock)
 Device::~Device() {
     const std::scoped_lock guard(lock_);
     mainQueue_.cancelAll();
-    while (!singletons_.empty()) {
-        // Taken out first, so that a destructor that looks for itself finds nothing.
-        const std::shared_ptr<void> last = std::move(singletons_.back().instance);
+    isEnding_ = true;
+    while (!singletons_.empty())
         singletons_.pop_back();
-    }
     installed = nullptr;
+}
+
+/// What ends may still use what was built before it, and nothing that is gone.
+void Device::expectNotEnding() const {
+    if (!isEnding_) return;
+    std::fputs("A singleton was asked for after its end\n", stderr);
+    std::abort();
 }
 
 Device& Device::current() {

@@ -82,12 +82,14 @@ private:
         std::shared_ptr<void> instance;  // shared only for its erased deleter
     };
     void* find(std::type_index type) const;
+    void expectNotEnding() const;
 
     DeviceFacts facts_;
     Clock clock_;
     Log log_;
     std::recursive_mutex lock_;
     std::vector<Singleton> singletons_;
+    bool isEnding_ = false;
     MainQueue mainQueue_;
 };
 
@@ -95,6 +97,7 @@ template <typename T>
 T& Device::singleton() {
     const std::scoped_lock guard(lock_);
     if (void* built = find(typeid(T))) return *static_cast<T*>(built);
+    expectNotEnding();
     auto instance = std::make_shared<T>();
     T& reference = *instance;
     singletons_.push_back({typeid(T), std::move(instance)});

@@ -94,8 +94,4 @@ DeviceFacts desktopFacts() {
     return facts;
 }
 
-std::unique_ptr<Device> desktopDevice() {
-    return std::make_unique<Device>(desktopFacts(), Clock::real());
-}
-
 }  // namespace gexlo

@@ -10,7 +10,4 @@ namespace gexlo {
 /// of the system, and the resources that were built or installed with the program.
 DeviceFacts desktopFacts();
 
-/// The device of this desktop, running on real time.
-std::unique_ptr<Device> desktopDevice();
-
 }  // namespace gexlo

@@ -3,10 +3,9 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <cstring>
-#include <fstream>
-#include <iterator>
 
 #include "platform/foundation/device.h"
 
@@ -38,6 +37,15 @@ public:
             contents.remove_prefix(static_cast<std::size_t>(written));
         }
         return true;
+    }
+    bool readAll(std::string& contents) const {
+        std::array<char, 65536> buffer;
+        for (;;) {
+            const ssize_t some = ::read(number_, buffer.data(), buffer.size());
+            if (some < 0 && errno == EINTR) continue;
+            if (some <= 0) return some == 0;
+            contents.append(buffer.data(), static_cast<std::size_t>(some));
+        }
     }
     bool sync() const { return ::fsync(number_) == 0; }
 
@@ -83,10 +91,9 @@ std::optional<NSURL> NSFileManager::containerURLForSecurityApplicationGroupIdent
 }
 
 std::optional<std::string> contentsOfFile(const NSURL& path) {
-    std::ifstream file(path, std::ios::binary);
-    if (!file) return std::nullopt;
-    std::string contents{std::istreambuf_iterator<char>(file), {}};
-    if (file.bad()) return std::nullopt;
+    const Descriptor file(path, O_RDONLY);
+    std::string contents;
+    if (!file.isOpen() || !file.readAll(contents)) return std::nullopt;
     return contents;
 }
 

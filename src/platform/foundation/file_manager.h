@@ -29,7 +29,7 @@ public:
     bool offersGroupContainers() const;
 };
 
-/// The whole file, or nothing when it cannot be read.
+/// The whole file, or nothing when it is missing or cannot be read.
 std::optional<std::string> contentsOfFile(const NSURL& path);
 /// Writes the file whole or not at all, down to the disk. What went wrong, or nothing.
 [[nodiscard]] std::optional<std::string> writeFileAtomically(const NSURL& path,

@@ -17,6 +17,7 @@ InstallationLock::InstallationLock(const std::filesystem::path& root) {
         refusal_ = "Cannot use " + root.string() + ": " + std::strerror(errno);
     } else if (::flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
         refusal_ = "Another run is using " + root.string();
+        isTaken_ = true;
     }
 }
 

@@ -16,12 +16,15 @@ public:
     InstallationLock& operator=(const InstallationLock&) = delete;
 
     bool isHeld() const { return refusal_.empty(); }
+    /// Whether another run holds it; otherwise the directory cannot be used at all.
+    bool isTaken() const { return isTaken_; }
     /// Why it is not held, in a sentence.
     const std::string& refusal() const { return refusal_; }
 
 private:
     int descriptor_ = -1;
     std::string refusal_;
+    bool isTaken_ = false;
 };
 
 }  // namespace gexlo

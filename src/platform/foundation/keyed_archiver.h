@@ -43,7 +43,9 @@ protected:
 class NSDecoder {
 public:
     virtual Object decodeObjectForKey(const char* key) = 0;
-    NSInteger decodeIntegerForKey(const char* key) { return decodeObjectForKey(key).integerValue(); }
+    NSInteger decodeIntegerForKey(const char* key) {
+        return decodeObjectForKey(key).integerValue();
+    }
     double decodeDoubleForKey(const char* key) { return decodeObjectForKey(key).doubleValue(); }
     float decodeFloatForKey(const char* key) {
         return static_cast<float>(decodeObjectForKey(key).doubleValue());

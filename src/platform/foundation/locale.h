@@ -11,7 +11,7 @@ public:
 
     /// ISO 3166 code of the region; "" when the device has none.
     const std::string& countryCode() const { return countryCode_; }
-    /// The locale's name, as "ko_KR" or "zh-Hant_TW".
+    /// The locale's name, as "ko_KR" or "zh_Hant_TW".
     const std::string& identifier() const { return identifier_; }
 
 private:

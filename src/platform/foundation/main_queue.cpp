@@ -57,12 +57,17 @@ void MainQueue::runDue() {
     }
 }
 
+void MainQueue::turnClockTo(NSDate moment) {
+    const std::scoped_lock held(device_.lock());
+    device_.clock().turnTo(moment);
+}
+
 void MainQueue::advanceTo(NSDate end) {
     for (auto due = nextDue(); due && *due <= end; due = nextDue()) {
-        device_.clock().turnTo(*due);
+        turnClockTo(*due);
         runDue();
     }
-    device_.clock().turnTo(end);
+    turnClockTo(end);
 }
 
 void MainQueue::postSignificantTimeChanges() {
@@ -76,10 +81,15 @@ void MainQueue::postSignificantTimeChanges() {
 }
 
 void MainQueue::cancelAll() {
-    const std::scoped_lock guard(mutex_);
-    queued_.clear();
-    delayed_.clear();
-    endOfTurn_.clear();
+    // What is dropped may itself ask for the queue as it goes.
+    std::vector<Work> queued;
+    std::multimap<NSDate, Work> delayed;
+    {
+        const std::scoped_lock guard(mutex_);
+        queued.swap(queued_);
+        delayed.swap(delayed_);
+    }
+    std::deque<Work>().swap(endOfTurn_);
 }
 
 }  // namespace gexlo

@@ -52,6 +52,7 @@ public:
 
 private:
     void runQueued();
+    void turnClockTo(NSDate moment);
 
     Device& device_;
     mutable std::mutex mutex_;  // guards the two queues, which other threads may fill

@@ -7,7 +7,7 @@ NotificationToken NSNotificationCenter::addObserver(std::string_view name, Callb
     std::erase_if(observers_, [](const auto& gone) { return gone.expired(); });
     observers_.push_back(observer);
     NotificationToken token;
-    token.observer_ = std::move(observer);
+    token.isRegistered_ = std::shared_ptr<bool>(observer, &observer->isRegistered);
     return token;
 }
 
@@ -16,7 +16,9 @@ void NSNotificationCenter::postNotificationName(std::string_view name, UserInfo 
     const std::vector<std::weak_ptr<Observer>> registered = observers_;
     for (const std::weak_ptr<Observer>& candidate : registered) {
         const std::shared_ptr<Observer> observer = candidate.lock();
-        if (observer && observer->name == name) observer->callback(notification);
+        if (observer && observer->isRegistered && observer->name == name) {
+            observer->callback(notification);
+        }
     }
 }
 

@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/foundation/device.h"
@@ -26,11 +27,20 @@ class NotificationToken {
 public:
     NotificationToken() = default;
     NotificationToken(NotificationToken&&) = default;
-    NotificationToken& operator=(NotificationToken&&) = default;
+    NotificationToken& operator=(NotificationToken&& other) noexcept {
+        end();
+        isRegistered_ = std::move(other.isRegistered_);
+        return *this;
+    }
+    ~NotificationToken() { end(); }
 
 private:
     friend class NSNotificationCenter;
-    std::shared_ptr<void> observer_;
+    void end() {
+        if (isRegistered_) *isRegistered_ = false;
+        isRegistered_.reset();
+    }
+    std::shared_ptr<bool> isRegistered_;  // part of the observer, which it holds
 };
 
 class NSNotificationCenter {
@@ -51,6 +61,8 @@ private:
     struct Observer {
         std::string name;
         Callback callback;
+        // A post under way holds the observer too, so its end has to be told.
+        bool isRegistered = true;
     };
     std::vector<std::weak_ptr<Observer>> observers_;
 };

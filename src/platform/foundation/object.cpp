@@ -38,6 +38,7 @@ bool NSSet::operator==(const NSSet& other) const {
 
 NSInteger integerValueOf(std::string_view text) {
     text = withoutLeadingBlanks(text);
+    if (text.starts_with("+-")) return 0;
     if (text.starts_with('+')) text.remove_prefix(1);
     NSInteger number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);

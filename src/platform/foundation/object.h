@@ -44,8 +44,8 @@ public:
     Object(NSSet value) : value_(std::move(value)) {}
     Object(NSDictionary value) : value_(std::move(value)) {}
     template <typename Coded>
-        requires std::is_base_of_v<NSCoding, Coded>
-    Object(std::shared_ptr<Coded> value) : value_(std::shared_ptr<NSCoding>(std::move(value))) {}
+    requires std::is_base_of_v<NSCoding, Coded> Object(std::shared_ptr<Coded> value)
+        : value_(std::shared_ptr<NSCoding>(std::move(value))) {}
 
     bool isAbsent() const { return std::holds_alternative<std::monostate>(value_); }
     /// The value if it is of that very kind, else null.

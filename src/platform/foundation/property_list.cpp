@@ -73,8 +73,16 @@ void keepAside(const std::filesystem::path& file) {
     std::filesystem::path aside = file;
     aside += ".damaged";
     std::error_code error;
+    for (int i = 2; std::filesystem::exists(aside, error); ++i) {
+        aside = file;
+        aside += ".damaged-" + std::to_string(i);
+    }
     std::filesystem::rename(file, aside, error);
-    NSLog("%@ cannot be read and is kept as %@", file.string(), aside.string());
+    if (error) {
+        NSLog("%@ cannot be read, nor kept aside: %@", file.string(), error.message());
+    } else {
+        NSLog("%@ cannot be read and is kept as %@", file.string(), aside.string());
+    }
 }
 
 }  // namespace
@@ -113,7 +121,7 @@ Object scalarFromNode(plist_t node) {
 
 PropertyListNode nodeFromText(std::string_view text) {
     constexpr std::size_t largest = 256U << 20;
-    if (text.size() > largest || !isBoundedPropertyList(text)) return nullptr;
+    if (text.size() > largest || !isReadablePropertyList(text)) return nullptr;
     plist_t node = nullptr;
     const auto length = static_cast<std::uint32_t>(text.size());
     if (isBinaryPropertyList(text)) {

@@ -1,15 +1,14 @@
-// Holds back property lists that would cost more to read than they weigh: nested so
-// deep that a recursive reader runs out of stack, or sharing parts so that reading
-// them unfolds without end.
+// Holds back property lists that the library cannot take: nested so deep that its recursive
+// reader runs out of stack, sharing parts so that reading them unfolds without end, or with
+// a zero in a text, over which it ends the process.
 #pragma once
 
 #include <string_view>
 
 namespace gexlo {
 
-/// Whether `text`, in either format, nests and unfolds within sane bounds. It may still
-/// be ill-formed in any other way.
-bool isBoundedPropertyList(std::string_view text);
+/// Whether `text`, in either format, has none of these faults. It may have any other.
+bool isReadablePropertyList(std::string_view text);
 bool isBinaryPropertyList(std::string_view text);
 
 }  // namespace gexlo

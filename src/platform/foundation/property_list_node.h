@@ -24,7 +24,8 @@ using PropertyListNode = std::unique_ptr<void, PropertyListNodeDeleter>;
 inline plist_t integerNode(NSInteger value) {
     if (value >= 0) return plist_new_uint(static_cast<std::uint64_t>(value));
     // The library makes negative numbers, with the eight bytes they take, only by reading.
-    const std::string xml = "<plist version=\"1.0\"><integer>" + std::to_string(value) + "</integer></plist>";
+    const std::string xml =
+        "<plist version=\"1.0\"><integer>" + std::to_string(value) + "</integer></plist>";
     plist_t node = nullptr;
     plist_from_xml(xml.data(), static_cast<std::uint32_t>(xml.size()), &node);
     return node;

@@ -187,10 +187,7 @@ private:
         return std::nullopt;
     }
 
-    void text(const Directive& directive, std::string value) {
-        if (directive.precision && value.size() > static_cast<std::size_t>(*directive.precision)) {
-            value.resize(static_cast<std::size_t>(*directive.precision));
-        }
+    void text(const Directive& directive, std::string_view value) {
         pad(directive, "", value, ' ');
     }
 

@@ -73,8 +73,10 @@ std::map<std::string, NSDictionary> userDefaultSuites() {
     std::map<std::string, NSDictionary> suites;
     std::error_code error;
     const auto directory = Device::current().facts().preferencesDirectory();
-    for (const auto& entry : std::filesystem::directory_iterator(directory, error)) {
-        const std::filesystem::path& path = entry.path();
+    // Advanced by hand: the loop's own step throws where a directory cannot be read.
+    for (std::filesystem::directory_iterator at(directory, error), end; !error && at != end;
+         at.increment(error)) {
+        const std::filesystem::path& path = at->path();
         if (path.extension() != kExtension || path.stem() == kStandardName) continue;
         const std::string name = path.stem().string();
         suites[name] = NSUserDefaults::initWithSuiteName(name).dictionaryRepresentation();

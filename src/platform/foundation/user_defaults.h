@@ -29,7 +29,9 @@ public:
 
     /// An absent value removes the key.
     void setObject_forKey(Object value, std::string_view key);
-    void setValue_forKey(Object value, std::string_view key) { setObject_forKey(std::move(value), key); }
+    void setValue_forKey(Object value, std::string_view key) {
+        setObject_forKey(std::move(value), key);
+    }
     void setInteger_forKey(NSInteger value, std::string_view key) { setObject_forKey(value, key); }
 
     /// Writes what changed; without the call it is written at the end of the turn.

@@ -1,7 +1,6 @@
 #include "platform/persistence/entity_description.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "platform/foundation/log.h"
 

@@ -17,12 +17,14 @@ bool comesBefore(const Object& left, const Object& right) {
     return left.doubleValue() < right.doubleValue();
 }
 
+bool isNumber(const Object& object) {
+    return object.as<bool>() || object.as<NSInteger>() || object.as<double>();
+}
+
 bool areEqual(const Object& left, const Object& right) {
     // A number equals a number of another kind, as 1 and 1.0.
-    if (left.as<std::string>() || right.as<std::string>() || left.isAbsent() || right.isAbsent()) {
-        return left == right;
-    }
-    return left == right || (!comesBefore(left, right) && !comesBefore(right, left));
+    if (isNumber(left) && isNumber(right)) return left.doubleValue() == right.doubleValue();
+    return left == right;
 }
 
 }  // namespace

@@ -12,11 +12,6 @@ bool byRowKey(const NSManagedObject* left, const NSManagedObject* right) {
     return left->rowKey() < right->rowKey();
 }
 
-template <typename T>
-Attribute<T>& attributeAt(NSManagedObject& object, std::size_t offset) {
-    return *reinterpret_cast<Attribute<T>*>(reinterpret_cast<char*>(&object) + offset);
-}
-
 void setAttribute(Attribute<bool>& attribute, const Object& value) {
     attribute = value.boolValue();
 }
@@ -46,7 +41,7 @@ Object NSManagedObject::valueForKey(std::string_view key) const {
     if (!attribute) return {};
     return detail::withAttributeType(attribute->type, [&](auto* typed) -> Object {
         using T = std::remove_pointer_t<decltype(typed)>;
-        const auto& member = attributeAt<T>(const_cast<NSManagedObject&>(*this), attribute->offset);
+        const auto& member = detail::attributeAt<T>(*this, *attribute);
         return member.isSet() ? Object(member.get()) : Object();
     });
 }
@@ -56,7 +51,7 @@ void NSManagedObject::setValue_forKey(const Object& value, std::string_view key)
     if (!attribute) return;
     detail::withAttributeType(attribute->type, [&](auto* typed) {
         using T = std::remove_pointer_t<decltype(typed)>;
-        auto& member = attributeAt<T>(*this, attribute->offset);
+        auto& member = detail::attributeAt<T>(*this, *attribute);
         if (value.isAbsent()) {
             member.clear();
         } else {

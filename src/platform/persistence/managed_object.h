@@ -163,6 +163,22 @@ private:
     T value_{};
 };
 
+namespace detail {
+/// The member of an object that an attribute describes; T is the type it was declared with.
+template <typename T>
+Attribute<T>& attributeAt(NSManagedObject& object, const AttributeDescription& attribute) {
+    return *reinterpret_cast<Attribute<T>*>(reinterpret_cast<char*>(&object) + attribute.offset);
+}
+template <typename T>
+const Attribute<T>& attributeAt(const NSManagedObject& object,
+                                const AttributeDescription& attribute) {
+    return attributeAt<T>(const_cast<NSManagedObject&>(object), attribute);
+}
+}  // namespace detail
+
+/// Beyond it no number of the system can lie; up to it sums are safe and doubles exact.
+inline constexpr NSInteger kLargestInteger = NSInteger{1} << 53;
+
 /// What both kinds of relationship share; the two sides are kept in step.
 class RelationshipMember : public Member {
 protected:
@@ -185,7 +201,9 @@ private:
     void detach(const NSManagedObject& target, bool toMany);
     void empty(bool toMany);
     void willChangeRows(const RelationshipDescription& here, NSManagedObject& target);
-    const RelationshipDescription& description() { return owner().entity_->relationshipAt(offset()); }
+    const RelationshipDescription& description() {
+        return owner().entity_->relationshipAt(offset());
+    }
 };
 
 /// Storage of a to-one: the common base of all, so that the context can reach it untyped.
@@ -263,7 +281,8 @@ public:
         for (T* former : allObjects()) {
             if (std::find(objects.begin(), objects.end(), former) == objects.end()) unlink(*former);
         }
-        for (T* object : objects) link(object);
+        for (T* object : objects)
+            link(object);
     }
 };
 

@@ -143,13 +143,15 @@ void NSManagedObjectContext::refreshObject_mergeChanges(NSManagedObject& object,
 std::optional<NSError> NSManagedObjectContext::catchUp() {
     if (!coordinator_.store()) return NSError{kCocoaErrorDomain, kNoPersistentStores, {}};
     if (generation_ == coordinator_.generation()) return std::nullopt;
+    if (readFrom_ && readFrom_ != coordinator_.store()) forgetAll();
+    readFrom_ = coordinator_.store();
     for (const EntityDescription& entity : coordinator_.managedObjectModel().entities()) {
         if (auto error = readEntity(entity)) return error;
     }
-    if (auto error = link()) return error;
     for (const EntityDescription& entity : coordinator_.managedObjectModel().entities()) {
         buryUnseen(entity);
     }
+    if (auto error = link()) return error;
     generation_ = coordinator_.generation();
     return std::nullopt;
 }
@@ -169,8 +171,6 @@ std::optional<NSError> NSManagedObjectContext::readEntity(const EntityDescriptio
     const bool firstTime = generation_ == 0 && rows.empty();
     for (const auto& row : rows)
         row->seenInStore_ = false;
-    if (!coordinator_.store()->hasTables()) return std::nullopt;
-
     const auto relationships = columnRelationships(entity);
     StoreRows reader(*coordinator_.store(), entity);
     while (reader.next()) {
@@ -195,24 +195,49 @@ std::optional<NSError> NSManagedObjectContext::readEntity(const EntityDescriptio
     return reader.error();
 }
 
+/// The coordinator works on another file now: row keys mean other objects there.
+void NSManagedObjectContext::forgetAll() {
+    for (Rows& rows : rows_) {
+        while (!rows.empty())
+            bury(*rows.back());
+    }
+    inserted_.clear();
+    updated_.clear();
+    removed_.clear();
+    generation_ = 0;
+}
+
 /// Sets the to-ones that were read, then every other side from them.
 std::optional<NSError> NSManagedObjectContext::link() {
     const std::vector<PendingLink> pending = std::move(pendingLinks_);
     pendingLinks_.clear();
-    for (const PendingLink& link : pending) {
-        NSManagedObject* target = objectWithKey(*link.relationship->destination, link.targetKey);
-        if (!target && isRemovedHere(*link.relationship->destination, link.targetKey)) continue;
-        if (!target) {
-            const std::string owner =
-                stringWithFormat("%@ %ld", link.owner->entity_->name, link.owner->rowKey_);
-            return NSError{kCocoaErrorDomain,
-                           kInvalidRow,
-                           {{"NSValidationErrorObject", owner},
-                            {"NSValidationErrorKey", link.relationship->name}}};
+    std::vector<NSManagedObject*> orphans;
+    for (const auto& [owner, relationship, targetKey] : pending) {
+        if (NSManagedObject* target = objectWithKey(*relationship->destination, targetKey)) {
+            RelationshipMember::of(*owner, *relationship).attach(*target, false);
+        } else if (isRemovedHere(*relationship->destination, targetKey)) {
+            // Another context hung it under an object that is removed here.
+            owner->willChange();
+            const auto* there = relationship->inverse;
+            if (there && there->deleteRule == DeleteRule::cascade) orphans.push_back(owner);
+        } else {
+            const std::string row =
+                stringWithFormat("%@ %ld", owner->entity_->name, owner->rowKey_);
+            return NSError{
+                kCocoaErrorDomain,
+                kInvalidRow,
+                {{"NSValidationErrorObject", row}, {"NSValidationErrorKey", relationship->name}}};
         }
-        RelationshipMember::of(*link.owner, *link.relationship).attach(*target, false);
     }
-    for (const EntityDescription& entity : coordinator_.managedObjectModel().entities()) {
+    linkOtherSides();
+    for (NSManagedObject* orphan : orphans)
+        deleteObject(*orphan);
+    return std::nullopt;
+}
+
+void NSManagedObjectContext::linkOtherSides() {
+    const auto& entities = coordinator_.managedObjectModel().entities();
+    for (const EntityDescription& entity : entities) {
         for (const RelationshipDescription& relationship : entity.relationships) {
             if (relationship.hasColumn) continue;
             for (const auto& row : rows_[entity.index]) {
@@ -220,18 +245,21 @@ std::optional<NSError> NSManagedObjectContext::link() {
             }
         }
     }
-    for (const EntityDescription& entity : coordinator_.managedObjectModel().entities()) {
-        for (const RelationshipDescription* relationship : columnRelationships(entity)) {
-            if (!relationship->inverse) continue;
+    for (const EntityDescription& entity : entities) {
+        for (const RelationshipDescription* here : columnRelationships(entity)) {
+            const RelationshipDescription* there = here->inverse;
+            if (!there) continue;
             for (const auto& row : rows_[entity.index]) {
-                const auto targets = RelationshipMember::of(*row, *relationship).targets(false);
+                const auto targets = RelationshipMember::of(*row, *here).targets(false);
                 if (targets.empty()) continue;
-                RelationshipMember::of(*targets.front(), *relationship->inverse)
-                    .attach(*row, relationship->inverse->toMany);
+                RelationshipMember& otherSide = RelationshipMember::of(*targets.front(), *there);
+                // Of two rows that claim one place the later has it.
+                const auto former = otherSide.targets(there->toMany);
+                if (!there->toMany && !former.empty()) otherSide.unlink(*former.front());
+                otherSide.attach(*row, there->toMany);
             }
         }
     }
-    return std::nullopt;
 }
 
 /// Objects that another context removed.
@@ -242,13 +270,13 @@ void NSManagedObjectContext::buryUnseen(const EntityDescription& entity) {
             gone.push_back(row.get());
         }
     }
+    // Links are set anew after this, but for those of objects with unsaved changes.
     for (NSManagedObject* object : gone) {
         for (const RelationshipDescription& relationship : object->entity_->relationships) {
             RelationshipMember& member = RelationshipMember::of(*object, relationship);
             const auto linked = member.targets(relationship.toMany);
-            const std::vector<NSManagedObject*> targets(linked.begin(), linked.end());
             if (!relationship.inverse) continue;
-            for (NSManagedObject* target : targets) {
+            for (NSManagedObject* target : linked) {
                 RelationshipMember::of(*target, *relationship.inverse)
                     .detach(*object, relationship.inverse->toMany);
             }

@@ -13,8 +13,9 @@
 namespace gexlo {
 
 /// Owns its objects. It works on the main queue; a fetch sees unsaved changes of its own,
-/// and of another context what that has saved. Where both changed one object, the one in
-/// memory wins (`NSMergeByPropertyObjectTrumpMergePolicy`).
+/// and of another context what that has saved. An object that both changed stays as it is in
+/// memory: of `NSMergeByPropertyObjectTrumpMergePolicy` this is the part that one person on
+/// one device can meet.
 class NSManagedObjectContext {
 public:
     explicit NSManagedObjectContext(NSPersistentStoreCoordinator& coordinator);
@@ -50,6 +51,8 @@ private:
     [[nodiscard]] std::optional<NSError> catchUp();
     [[nodiscard]] std::optional<NSError> readEntity(const EntityDescription& entity);
     [[nodiscard]] std::optional<NSError> link();
+    void linkOtherSides();
+    void forgetAll();
     void buryUnseen(const EntityDescription& entity);
     NSManagedObject* objectWithKey(const EntityDescription& entity, NSInteger rowKey) const;
     static Rows::const_iterator rowAt(const Rows& rows, NSInteger rowKey);
@@ -71,6 +74,7 @@ private:
     std::vector<NSManagedObject*> updated_;
     std::vector<RemovedRow> removed_;
     std::vector<PendingLink> pendingLinks_;
+    const NSPersistentStore* readFrom_ = nullptr;
     std::uint64_t generation_ = 0;  // of the coordinator, when last read; 0 never
 };
 

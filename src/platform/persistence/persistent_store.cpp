@@ -1,6 +1,6 @@
 #include "platform/persistence/persistent_store.h"
 
-#include <set>
+#include <algorithm>
 
 #include "platform/foundation/log.h"
 #include "platform/persistence/managed_object.h"
@@ -12,6 +12,19 @@ namespace {
 
 /// Kept in the file's user_version; a file of a later one is not touched.
 constexpr sqlite3_int64 kFormatVersion = 1;
+
+/// Whether the file holds something that is too short to be a database. SQLite would take it
+/// for an empty one and write over it.
+bool isStump(const std::filesystem::path& file) {
+    constexpr std::uintmax_t smallestPage = 512;
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(file, error);
+    return !error && size > 0 && size < smallestPage;
+}
+
+NSError fileError(const char* domain, int code, const std::filesystem::path& file) {
+    return {domain, code, {{"NSFilePath", file.string()}}};
+}
 
 const char* columnType(AttributeType type) {
     switch (type) {
@@ -49,21 +62,11 @@ std::vector<Column> columns(const EntityDescription& entity) {
 }
 
 std::string tableDefinition(const EntityDescription& entity) {
-    std::string sql = "CREATE TABLE IF NOT EXISTS " + sqlName(entity.name) + " (" + kRowKeyColumn +
-                      " INTEGER PRIMARY KEY";
+    std::string sql =
+        "CREATE TABLE " + sqlName(entity.name) + " (" + kRowKeyColumn + " INTEGER PRIMARY KEY";
     for (const Column& column : columns(entity))
         sql += ", " + column.definition;
     return sql + ")";
-}
-
-std::set<std::string> existingColumns(sqlite3* database, const EntityDescription& entity) {
-    std::set<std::string> names;
-    const Statement statement =
-        prepare(database, "SELECT name FROM pragma_table_info(" + sqlName(entity.name) + ")");
-    while (statement && sqlite3_step(statement.get()) == SQLITE_ROW) {
-        names.insert(reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), 0)));
-    }
-    return names;
 }
 
 /// Binds the members of an object to a statement, in the order of its columns.
@@ -74,8 +77,7 @@ void bindMembers(sqlite3_stmt* statement, const NSManagedObject& object) {
         ++at;
         detail::withAttributeType(attribute.type, [&](auto* typed) {
             using T = std::remove_pointer_t<decltype(typed)>;
-            const auto& member = *reinterpret_cast<const Attribute<T>*>(
-                reinterpret_cast<const char*>(&object) + attribute.offset);
+            const auto& member = detail::attributeAt<T>(object, attribute);
             if (!member.isSet()) {
                 sqlite3_bind_null(statement, at);
             } else if constexpr (std::is_same_v<T, std::string>) {
@@ -122,12 +124,17 @@ NSPersistentStore::NSPersistentStore(std::filesystem::path file, const NSManaged
     : file_(std::move(file)),
       model_(model),
       database_(std::move(database)),
+      columns_(model.entities().size()),
       lastRowKeys_(model.entities().size()),
       writers_(model.entities().size()) {}
 
 std::unique_ptr<NSPersistentStore> NSPersistentStore::open(const std::filesystem::path& file,
                                                            const NSManagedObjectModel& model,
-                                                           NSError& error) {
+                                                           bool mayLackColumns, NSError& error) {
+    if (isStump(file)) {
+        error = fileError(kSQLiteErrorDomain, SQLITE_NOTADB, file);
+        return nullptr;
+    }
     sqlite3* handle = nullptr;
     // The store is used under the device's lock alone.
     constexpr int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX;
@@ -139,90 +146,107 @@ std::unique_ptr<NSPersistentStore> NSPersistentStore::open(const std::filesystem
     }
     std::unique_ptr<NSPersistentStore> store(
         new NSPersistentStore(file, model, std::move(database)));
-    auto failed = store->check();
-    if (!failed && store->hasTables_) failed = store->addMissingColumns();
-    if (failed) {
+    if (const auto failed = store->check(mayLackColumns)) {
         error = *failed;
         return nullptr;
     }
-    sqlite3_db_config(store->database(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
     store->readLastRowKeys();
+    sqlite3_db_config(store->database(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
     return store;
 }
 
-std::optional<NSError> NSPersistentStore::check() {
+std::optional<NSError> NSPersistentStore::check(bool mayLackColumns) {
     sqlite3* database = database_.get();
     // A file that is refused must not be written by closing it either.
     sqlite3_db_config(database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     execute(database, "PRAGMA cell_size_check=ON; PRAGMA synchronous=NORMAL");
     // The first read: it finds what is no database, and makes the file where there is none.
-    const Statement schema =
-        prepare(database, "SELECT count(*) FROM sqlite_master WHERE type='table'");
-    if (!schema || sqlite3_step(schema.get()) != SQLITE_ROW) return databaseError(database);
-    hasTables_ = sqlite3_column_int64(schema.get(), 0) > 0;
+    if (execute(database, "SELECT count(*) FROM sqlite_master") != SQLITE_OK) {
+        return databaseError(database);
+    }
     if (sqlite3_db_readonly(database, "main") == 1) {
-        return NSError{kSQLiteErrorDomain, SQLITE_READONLY, {{"NSFilePath", file_.string()}}};
+        return fileError(kSQLiteErrorDomain, SQLITE_READONLY, file_);
     }
-    if (singleNumber(database, "PRAGMA user_version") > kFormatVersion) {
-        return NSError{
-            kCocoaErrorDomain, kPersistentStoreIncompatible, {{"NSFilePath", file_.string()}}};
+    readColumns();
+    const bool isLater = singleNumber(database, "PRAGMA user_version") > kFormatVersion;
+    if (isLater || (!mayLackColumns && lacksColumns())) {
+        return fileError(kCocoaErrorDomain, kPersistentStoreIncompatible, file_);
     }
     return std::nullopt;
 }
 
-/// Attributes and entities that the model has gained since the file was written.
-std::optional<NSError> NSPersistentStore::addMissingColumns() {
-    sqlite3* database = database_.get();
+void NSPersistentStore::readColumns() {
     for (const EntityDescription& entity : model_.entities()) {
-        const std::set<std::string> existing = existingColumns(database, entity);
-        if (existing.empty() && execute(database, tableDefinition(entity)) != SQLITE_OK) {
-            return databaseError(database);
-        }
-        for (const Column& column : columns(entity)) {
-            if (existing.empty() || existing.contains(column.name)) continue;
-            const std::string sql =
-                "ALTER TABLE " + sqlName(entity.name) + " ADD COLUMN " + column.definition;
-            if (execute(database, sql) != SQLITE_OK) return databaseError(database);
+        std::set<std::string>& names = columns_[entity.index];
+        const Statement statement =
+            prepare(database_.get(), "SELECT name FROM pragma_table_info(?1)");
+        sqlite3_bind_text(statement.get(), 1, entity.name, -1, SQLITE_STATIC);
+        while (sqlite3_step(statement.get()) == SQLITE_ROW) {
+            names.insert(reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), 0)));
         }
     }
-    return std::nullopt;
 }
 
-/// An empty file gets its tables with the first rows, so that one which never holds any, as
-/// the file that each start makes and removes again, costs next to nothing.
+/// Of a file that holds tables at all; an empty one lacks nothing.
+bool NSPersistentStore::lacksColumns() const {
+    bool hasTables = false;
+    bool lacks = false;
+    for (const EntityDescription& entity : model_.entities()) {
+        hasTables |= hasTable(entity);
+        for (const Column& column : columns(entity))
+            lacks |= !hasColumn(entity, column.name.c_str());
+    }
+    return hasTables && lacks;
+}
+
 std::optional<NSError> NSPersistentStore::prepareToWrite() {
     if (isPrepared_) return std::nullopt;
-    sqlite3* database = database_.get();
-    if (execute(database, "PRAGMA journal_mode=WAL") != SQLITE_OK) return databaseError(database);
-    if (!hasTables_) {
-        if (auto error = createTables()) return error;
+    if (execute(database_.get(), "PRAGMA journal_mode=WAL") != SQLITE_OK) {
+        return databaseError(database_.get());
     }
+    if (auto error = addTablesAndColumns()) return error;
     isPrepared_ = true;
     return std::nullopt;
 }
 
-std::optional<NSError> NSPersistentStore::createTables() {
-    std::string sql = "BEGIN IMMEDIATE;";
-    for (const EntityDescription& entity : model_.entities())
-        sql += tableDefinition(entity) + ";";
-    sql += "PRAGMA user_version=" + std::to_string(kFormatVersion) + "; COMMIT";
+/// What the model has and the file lacks. An empty file gets its tables with the first rows,
+/// so that one which never holds any, as the file that each start makes and removes again,
+/// costs next to nothing.
+std::optional<NSError> NSPersistentStore::addTablesAndColumns() {
+    std::string sql;
+    for (const EntityDescription& entity : model_.entities()) {
+        if (!hasTable(entity)) {
+            sql += tableDefinition(entity) + ";";
+            continue;
+        }
+        for (const Column& column : columns(entity)) {
+            if (hasColumn(entity, column.name.c_str())) continue;
+            sql += "ALTER TABLE " + sqlName(entity.name) + " ADD COLUMN " + column.definition + ";";
+        }
+    }
+    if (sql.empty()) return std::nullopt;
+    sql = "BEGIN IMMEDIATE;" + sql + "PRAGMA user_version=" + std::to_string(kFormatVersion) +
+          "; COMMIT";
     if (execute(database_.get(), sql) != SQLITE_OK) return rolledBack();
-    hasTables_ = true;
+    readColumns();
     return std::nullopt;
 }
 
 void NSPersistentStore::readLastRowKeys() {
-    if (!hasTables_) return;
     for (const EntityDescription& entity : model_.entities()) {
-        lastRowKeys_[entity.index] =
-            singleNumber(database_.get(), std::string("SELECT max(") + kRowKeyColumn + ") FROM " +
-                                              sqlName(entity.name));
+        if (!hasTable(entity)) continue;
+        const std::string query =
+            std::string("SELECT max(") + kRowKeyColumn + ") FROM " + sqlName(entity.name);
+        NSInteger& last = lastRowKeys_[entity.index];
+        // A key out of range is told when its row is read.
+        last = std::clamp<NSInteger>(singleNumber(database_.get(), query), 0, kLargestInteger);
     }
 }
 
 bool NSPersistentStore::hasRows() const {
-    for (const NSInteger last : lastRowKeys_) {
-        if (last > 0) return true;
+    for (const EntityDescription& entity : model_.entities()) {
+        const std::string query = "SELECT EXISTS(SELECT 1 FROM " + sqlName(entity.name) + ")";
+        if (hasTable(entity) && singleNumber(database_.get(), query) != 0) return true;
     }
     return false;
 }
@@ -296,11 +320,14 @@ std::optional<NSError> NSPersistentStore::takeRowsOf(const NSPersistentStore& ot
         };
         std::string names = kRowKeyColumn;
         std::string values = shifted(kRowKeyColumn, entity);
+        if (!other.hasTable(entity)) continue;
         for (const AttributeDescription& attribute : entity.attributes) {
+            if (!other.hasColumn(entity, attribute.name)) continue;
             names += "," + sqlName(attribute.name);
             values += "," + sqlName(attribute.name);
         }
         for (const RelationshipDescription* relationship : columnRelationships(entity)) {
+            if (!other.hasColumn(entity, relationship->name)) continue;
             names += "," + sqlName(relationship->name);
             values += "," + shifted(sqlName(relationship->name), *relationship->destination);
         }
@@ -311,16 +338,17 @@ std::optional<NSError> NSPersistentStore::takeRowsOf(const NSPersistentStore& ot
     std::optional<NSError> error;
     if (execute(database, sql + "COMMIT") != SQLITE_OK) error = rolledBack();
     execute(database, "DETACH source");
-    if (!error) readLastRowKeys();
+    readLastRowKeys();
     return error;
 }
 
-void NSPersistentStore::checkpoint() {
-    // A failure is not lost: the log of writes still holds everything, and the next goes on.
-    if (sqlite3_wal_checkpoint_v2(database_.get(), nullptr, SQLITE_CHECKPOINT_FULL, nullptr,
-                                  nullptr) != SQLITE_OK) {
+bool NSPersistentStore::checkpoint() {
+    const int result = sqlite3_wal_checkpoint_v2(database_.get(), nullptr, SQLITE_CHECKPOINT_FULL,
+                                                 nullptr, nullptr);
+    if (result != SQLITE_OK) {
         NSLog("The store's file waits for its log: %@", sqlite3_errmsg(database_.get()));
     }
+    return result == SQLITE_OK;
 }
 
 }  // namespace gexlo

@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <set>
+#include <string>
 #include <vector>
 
 #include "platform/persistence/entity_description.h"
@@ -14,7 +16,7 @@ namespace gexlo {
 
 class NSManagedObject;
 
-/// One object to be written, or the key of a row that goes.
+/// The row of an object that goes.
 struct RemovedRow {
     const EntityDescription* entity;
     NSInteger rowKey;
@@ -24,23 +26,22 @@ struct ChangeSet {
     std::vector<const NSManagedObject*> inserted;
     std::vector<const NSManagedObject*> updated;
     std::vector<RemovedRow> removed;
-
-    bool isEmpty() const { return inserted.empty() && updated.empty() && removed.empty(); }
 };
 
 class NSPersistentStore {
 public:
     /// Opens the file, making an empty one where there is none. Fails on a file that is no
-    /// database, is damaged where it shows at once, cannot be written, or was written by a
-    /// later version; a file that it refuses is left as it was.
+    /// database, is damaged where it shows at once, cannot be written, was written by a later
+    /// version, or lacks columns of the model where that `mayLackColumns` does not allow.
+    /// Opening writes nothing; columns that are missing are added with the first save.
     static std::unique_ptr<NSPersistentStore> open(const std::filesystem::path& file,
-                                                   const NSManagedObjectModel& model, NSError& error);
+                                                   const NSManagedObjectModel& model,
+                                                   bool mayLackColumns, NSError& error);
 
     const std::filesystem::path& url() const { return file_; }
-    const NSManagedObjectModel& model() const { return model_; }
     sqlite3* database() const { return database_.get(); }
 
-    /// A row key of the entity that was never given before.
+    /// A row key that no row of the entity has, nor was given to one since the file was opened.
     NSInteger takeRowKey(const EntityDescription& entity) { return ++lastRowKeys_[entity.index]; }
 
     /// Writes all of it or nothing.
@@ -49,10 +50,14 @@ public:
     /// Takes every row of another file beside the rows that are here, all or nothing.
     [[nodiscard]] std::optional<NSError> takeRowsOf(const NSPersistentStore& other);
 
-    bool hasTables() const { return hasTables_; }
+    bool hasTable(const EntityDescription& entity) const { return !columns_[entity.index].empty(); }
+    bool hasColumn(const EntityDescription& entity, const char* name) const {
+        return columns_[entity.index].contains(name);
+    }
     bool hasRows() const;
-    /// Brings what is in the log of writes into the file itself, down to the disk.
-    void checkpoint();
+    /// Brings what is in the log of writes into the file itself, down to the disk. When it
+    /// fails nothing is lost: the log still holds everything, and the next call goes on.
+    bool checkpoint();
 
 private:
     struct Writers {
@@ -64,10 +69,11 @@ private:
     NSPersistentStore(std::filesystem::path file, const NSManagedObjectModel& model,
                       Database database);
 
-    [[nodiscard]] std::optional<NSError> check();
-    [[nodiscard]] std::optional<NSError> addMissingColumns();
+    [[nodiscard]] std::optional<NSError> check(bool mayLackColumns);
     [[nodiscard]] std::optional<NSError> prepareToWrite();
-    [[nodiscard]] std::optional<NSError> createTables();
+    [[nodiscard]] std::optional<NSError> addTablesAndColumns();
+    void readColumns();
+    bool lacksColumns() const;
     void readLastRowKeys();
     Writers& writers(const EntityDescription& entity);
     bool write(const ChangeSet& changes);
@@ -76,10 +82,10 @@ private:
     std::filesystem::path file_;
     const NSManagedObjectModel& model_;
     Database database_;
-    bool hasTables_ = false;
-    bool isPrepared_ = false;  // for writing
-    std::vector<NSInteger> lastRowKeys_;  // by entity
-    std::vector<Writers> writers_;        // by entity, made at first use
+    bool isPrepared_ = false;                     // for writing
+    std::vector<std::set<std::string>> columns_;  // by entity, as they are in the file
+    std::vector<NSInteger> lastRowKeys_;          // by entity
+    std::vector<Writers> writers_;                // by entity, made at first use
 };
 
 /// The name of the column that holds row keys.

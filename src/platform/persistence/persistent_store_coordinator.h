@@ -12,7 +12,7 @@ namespace gexlo {
 inline constexpr const char* NSSQLiteStoreType = "SQLite";
 
 /// Whether a file of a former model is brought forward, and whether that is worked out
-/// from the difference of the models. Columns that the model has gained are always added.
+/// from the difference of the models. Only with both may a file lack columns.
 struct StoreOptions {
     bool migratePersistentStoresAutomatically = true;
     bool inferMappingModelAutomatically = true;
@@ -35,8 +35,9 @@ public:
     NSPersistentStore* persistentStoreForURL(const std::filesystem::path& url) const;
 
     /// Goes over to the file at `url`: what `store` holds arrives there beside what that file
-    /// held already, in one step, and the former file is closed. When it fails no store is
-    /// left, and neither file has changed.
+    /// held already, in one step and down to the disk, and the former file is closed. When it
+    /// fails, as for a file with a row that could not be read, no store is left and the rows
+    /// of both files are as they were.
     [[nodiscard]] std::optional<NSError> migratePersistentStore_toURL_options_withType(
         NSPersistentStore& store, const std::filesystem::path& url, const StoreOptions& options,
         const char* type);

@@ -9,14 +9,6 @@ namespace gexlo {
 
 namespace {
 
-/// Beyond it no number of the system can lie; up to it sums are safe and doubles exact.
-constexpr NSInteger kLargestInteger = NSInteger{1} << 53;
-
-template <typename T>
-Attribute<T>& attributeAt(NSManagedObject& object, std::size_t offset) {
-    return *reinterpret_cast<Attribute<T>*>(reinterpret_cast<char*>(&object) + offset);
-}
-
 std::string_view columnBytes(sqlite3_stmt* row, int column) {
     const void* bytes = sqlite3_column_blob(row, column);
     const auto length = static_cast<std::size_t>(sqlite3_column_bytes(row, column));
@@ -35,18 +27,22 @@ std::vector<const RelationshipDescription*> columnRelationships(const EntityDesc
 
 StoreRows::StoreRows(const NSPersistentStore& store, const EntityDescription& entity)
     : store_(store), entity_(entity) {
+    if (!store.hasTable(entity)) return;
     std::string sql = std::string("SELECT ") + kRowKeyColumn;
+    const auto append = [&](const char* name) {
+        sql += "," + (store.hasColumn(entity, name) ? sqlName(name) : "NULL");
+    };
     for (const AttributeDescription& attribute : entity.attributes)
-        sql += "," + sqlName(attribute.name);
+        append(attribute.name);
     for (const auto* relationship : columnRelationships(entity))
-        sql += "," + sqlName(relationship->name);
+        append(relationship->name);
     sql += " FROM " + sqlName(entity.name) + " ORDER BY " + kRowKeyColumn;
     statement_ = prepare(store.database(), sql);
     if (!statement_) error_ = databaseError(store.database());
 }
 
 bool StoreRows::next() {
-    if (error_) return false;
+    if (error_ || !statement_) return false;
     const int result = sqlite3_step(statement_.get());
     if (result == SQLITE_ROW) {
         rowKey_ = sqlite3_column_int64(statement_.get(), 0);
@@ -79,7 +75,7 @@ bool StoreRows::fillAttribute(NSManagedObject& object, const AttributeDescriptio
     const int type = sqlite3_column_type(row, column);
     return detail::withAttributeType(attribute.type, [&](auto* typed) {
         using T = std::remove_pointer_t<decltype(typed)>;
-        auto& member = attributeAt<T>(object, attribute.offset);
+        auto& member = detail::attributeAt<T>(object, attribute);
         if (type == SQLITE_NULL) {
             if (member.isSet()) member.unload();
             return true;

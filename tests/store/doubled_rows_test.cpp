@@ -1,0 +1,105 @@
+// Repair of rows that a move of the store has doubled.
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "support/phone.h"
+
+namespace gexlo::test {
+
+namespace {
+
+struct Setting {
+    NSInteger lastLessonIndex;
+    NSInteger startingTimetable;
+};
+
+class DoubledRows : public ::testing::Test {
+protected:
+    DoubledRows() { phone.launch(); }
+
+    GXTimetableData& timetableWithIndex(NSInteger index, const std::string& name) {
+        GXTimetableData& timetable = phone.manager().addNewTimetable();
+        timetable.index = index;
+        timetable.name = name;
+        phone.manager().saveContext();
+        return timetable;
+    }
+
+    Phone phone;
+};
+
+TEST_F(DoubledRows, of_the_setting_rows_the_highest_subject_counter_stays) {
+    const struct {
+        std::vector<Setting> rows;
+        std::size_t kept;
+    } cases[] = {
+        {{{4, 0}, {9, 1}, {7, 2}}, 1},
+        {{{9, 0}, {4, 1005}}, 0},
+        {{{9, 3}, {9, 2}}, 0},
+        {{{9, 2}, {9, 3}}, 1},
+    };
+    for (const auto& rows : cases) {
+        GXDataManager& manager = phone.manager();
+        for (GXAppSettingData* row : manager.dataList<GXAppSettingData>())
+            manager.removeData(*row);
+        for (const Setting& row : rows.rows) {
+            auto& setting = manager.addNewData<GXAppSettingData>();
+            setting.lastLessonIndex = row.lastLessonIndex;
+            setting.startingTimetable = row.startingTimetable;
+        }
+        manager.saveContext();
+        manager.cleanOverlapData2();
+        const auto left = manager.dataList<GXAppSettingData>();
+        ASSERT_EQ(left.size(), 1U);
+        EXPECT_EQ(left[0]->lastLessonIndex.get(), rows.rows[rows.kept].lastLessonIndex);
+        EXPECT_EQ(left[0]->startingTimetable.get(), rows.rows[rows.kept].startingTimetable);
+    }
+}
+
+TEST_F(DoubledRows, a_full_tie_goes_to_the_row_that_is_walked_later) {
+    auto& later = phone.manager().addNewData<GXAppSettingData>();
+    const GXAppSettingData& first = phone.manager().appSettingData();
+    later.lastLessonIndex = first.lastLessonIndex.get();
+    later.startingTimetable = first.startingTimetable.get();
+    phone.manager().cleanOverlapData2();
+    EXPECT_EQ(phone.manager().dataList<GXAppSettingData>(), std::vector{&later});
+}
+
+TEST_F(DoubledRows, of_equal_twins_one_goes_and_the_other_moves_to_the_top) {
+    GXTimetableData& first = timetableWithIndex(3, "A");
+    timetableWithIndex(3, "A");
+    GXTimetableData& kept = timetableWithIndex(3, "A");
+    const NSInteger last = phone.manager().appSettingData().lastTimetableIndex.get();
+    phone.manager().cleanOverlapData2();
+    EXPECT_TRUE(first.isDeleted());
+    EXPECT_FALSE(kept.isDeleted());
+    EXPECT_EQ(kept.index.get(), last + 1);
+    EXPECT_EQ(phone.manager().timetableList().front(), &kept);
+    EXPECT_EQ(phone.manager().timetableList().size(), 2U);
+}
+
+TEST_F(DoubledRows, twins_that_differ_both_stay_and_the_first_of_the_list_moves) {
+    // Each differs from the next in one thing alone.
+    GXTimetableData& plain = timetableWithIndex(1, "A");
+    GXTimetableData& named = timetableWithIndex(1, "B");
+    GXTimetableData& withSubject = timetableWithIndex(1, "A");
+    phone.addSubject(withSubject, "Maths");
+    GXTimetableData& withItem = timetableWithIndex(1, "A");
+    phone.addHomework(phone.addSubject(withItem, "Maths"), "Essay");
+    GXTimetableData& withMemo = timetableWithIndex(1, "A");
+    phone.addSubject(withMemo, "Maths").memo.anyObject()->content = "한글";
+    phone.manager().cleanOverlapData2();
+    std::set<NSInteger> indexes;
+    for (const GXTimetableData* timetable : {&plain, &named, &withSubject, &withItem, &withMemo}) {
+        EXPECT_FALSE(timetable->isDeleted());
+        indexes.insert(timetable->index.get());
+    }
+    EXPECT_EQ(indexes.size(), 5U);
+    EXPECT_EQ(plain.index.get(), 1) << "the last of the list has no twin left";
+    EXPECT_GE(phone.manager().appSettingData().lastTimetableIndex.get(), *indexes.rbegin());
+}
+
+}  // namespace
+
+}  // namespace gexlo::test

@@ -1,0 +1,114 @@
+// Killed at any moment, the store holds every save that had returned, whole.
+#include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <random>
+#include <set>
+
+#include "support/child_process.h"
+#include "support/phone.h"
+
+namespace gexlo::test {
+
+namespace {
+
+constexpr int kRounds = 300;
+constexpr NSInteger kKept = 20;  // subjects; older ones go as new ones come
+
+/// Shared with the child: the number of the last save that returned.
+struct Progress {
+    Progress()
+        : returned(*static_cast<std::atomic<NSInteger>*>(
+              ::mmap(nullptr, sizeof(std::atomic<NSInteger>), PROT_READ | PROT_WRITE,
+                     MAP_SHARED | MAP_ANONYMOUS, -1, 0))) {}
+    ~Progress() { ::munmap(&returned, sizeof(std::atomic<NSInteger>)); }
+    std::atomic<NSInteger>& returned;
+};
+
+/// The n-th save: a subject comes, the one that came twenty saves before goes.
+void saveStep(GXDataManager& manager, NSInteger n) {
+    GXTimetableData& timetable = *manager.currentTimetableData();
+    timetable.name = std::to_string(n);
+    auto& lesson = manager.addNewData<GXLessonData>();
+    lesson.id = n;
+    lesson.sortIndex = n;
+    lesson.name = "Subject " + std::to_string(n);
+    lesson.memo.addObject(manager.addNewMemo());
+    lesson.memo.anyObject()->content = std::string(static_cast<std::size_t>(n % 7) * 1000, 'm');
+    lesson.professor = &manager.addNewProfessor();
+    for (int i = 0; i < 3; ++i)
+        lesson.times.addObject(manager.addNewDayNPeriod());
+    manager.appSettingData().lastLessonIndex = n;
+    timetable.lessons.addObject(lesson);
+    for (GXLessonData* old : timetable.lessons.allObjects()) {
+        if (old->id.get() <= n - kKept) manager.context()->deleteObject(*old);
+    }
+    manager.saveContext();
+}
+
+/// The whole state follows from the number of the last save.
+void expectStateAfter(GXDataManager& manager, NSInteger n) {
+    const auto lessons = manager.dataList<GXLessonData>();
+    ASSERT_EQ(static_cast<NSInteger>(lessons.size()), std::min(n, kKept));
+    std::set<NSInteger> ids;
+    for (const GXLessonData* lesson : lessons) {
+        ids.insert(lesson->id.get());
+        ASSERT_EQ(lesson->times.count(), 3U);
+        ASSERT_EQ(lesson->memo.count(), 1U);
+        EXPECT_EQ(lesson->memo.anyObject()->content.get().size(),
+                  static_cast<std::size_t>(lesson->id.get() % 7) * 1000);
+        EXPECT_TRUE(lesson->professor);
+        EXPECT_TRUE(lesson->timetable);
+    }
+    EXPECT_EQ(ids.size(), lessons.size());
+    if (!ids.empty()) {
+        EXPECT_EQ(*ids.rbegin(), n);
+    }
+    EXPECT_EQ(manager.dataList<GXDayNPeriodData>().size(), lessons.size() * 3);
+    EXPECT_EQ(manager.dataList<GXProfessorData>().size(), lessons.size());
+    ASSERT_EQ(manager.dataList<GXAppSettingData>().size(), 1U);
+    EXPECT_EQ(manager.appSettingData().lastLessonIndex.get(), n == 0 ? -1 : n);
+    EXPECT_EQ(manager.timetableList().size(), 1U);
+}
+
+TEST(KilledProcess, every_save_that_returned_is_there_whole) {
+    Phone phone;
+    phone.launch();
+    phone.timetable().name = "0";
+    phone.manager().saveContext();
+    Progress progress;
+    progress.returned = 0;
+    std::mt19937 random(11);
+    NSInteger last = 0;
+    for (int round = 0; round < kRounds && !::testing::Test::HasFailure(); ++round) {
+        phone.quit();
+        const NSInteger first = last + 1;
+        Child child([&] {
+            phone.relaunch();
+            for (NSInteger n = first;; ++n) {
+                // Saves in the middle of turns, and turns that end with their file on the disk.
+                if (n % 3 == 0) {
+                    Device::current().perform([&] { saveStep(phone.manager(), n); });
+                } else {
+                    saveStep(phone.manager(), n);
+                }
+                progress.returned = n;
+            }
+        });
+        ::usleep(static_cast<useconds_t>(random() % 30'000));  // falls into the launch as well
+        child.kill();
+        phone.relaunch();
+        last = std::stol(phone.timetable().name.get());
+        const NSInteger returned = progress.returned;
+        EXPECT_TRUE(last == returned || last == returned + 1) << last << " of " << returned;
+        expectStateAfter(phone.manager(), last);
+        progress.returned = last;
+    }
+    EXPECT_GT(last, kRounds / 2) << "hardly anything was saved between the kills";
+}
+
+}  // namespace
+
+}  // namespace gexlo::test

@@ -1,0 +1,141 @@
+// Making, copying and removing timetables, the starting one, and counting changes.
+#include <gtest/gtest.h>
+
+#include "platform/foundation/user_defaults.h"
+#include "support/phone.h"
+
+namespace gexlo::test {
+
+namespace {
+
+class Timetables : public ::testing::Test {
+protected:
+    Timetables() { phone.launch(); }
+    GXDataManager& manager() { return phone.manager(); }
+    Phone phone;
+};
+
+TEST_F(Timetables, numbers_are_never_given_twice) {
+    const NSInteger highest = manager().addNewTimetable().index.get();
+    manager().removeTimetable(highest);
+    EXPECT_EQ(manager().addNewTimetable().index.get(), highest + 1);
+    phone.relaunch();
+    EXPECT_EQ(manager().addNewTimetable().index.get(), highest + 2);
+    EXPECT_EQ(manager().timetableList().front()->index.get(), highest + 2);
+}
+
+TEST_F(Timetables, removing_one_takes_all_that_hangs_under_it_and_no_more) {
+    GXTimetableData& removed = manager().addNewTimetable();
+    phone.addHomework(phone.addSubject(removed, "Maths", {mon(1), mon(2)}), "Essay");
+    removed.exam.addObject(manager().addNewExam());
+    removed.classtimes.addObject(manager().addNewData<GXClasstimeData>());
+    phone.addSubject("Art", {wed(3)});
+    manager().saveContext();
+    manager().removeTimetable(removed.index.get());
+    phone.relaunch();
+    EXPECT_EQ(manager().timetableList().size(), 1U);
+    EXPECT_EQ(manager().dataList<GXLessonData>().size(), 1U);
+    EXPECT_EQ(manager().dataList<GXDayNPeriodData>().size(), 1U);
+    EXPECT_EQ(manager().dataList<GXMemoData>().size(), 1U);
+    EXPECT_EQ(manager().dataList<GXProfessorData>().size(), 1U);
+    EXPECT_TRUE(manager().dataList<GXHomeworkData>().empty());
+    EXPECT_TRUE(manager().dataList<GXExamData>().empty());
+    EXPECT_TRUE(manager().dataList<GXClasstimeData>().empty());
+}
+
+TEST_F(Timetables, a_copy_takes_settings_times_and_subjects_and_leaves_what_is_personal) {
+    GXTimetableData& source = phone.timetable();
+    source.name = "Term 1";
+    source.backgroundImage = "from_album";
+    source.lastPeriod = 12;
+    source.alphaBorder = 0.25F;
+    source.useHalfPeriods = true;
+    auto& classtime = manager().addNewData<GXClasstimeData>();
+    classtime.period = 2.1F;
+    classtime.shortName = "L";
+    classtime.beginHour = 12;
+    source.classtimes.addObject(classtime);
+    GXLessonData& lesson = phone.addSubject("Maths", {mon(1), tue(2.5F, 1)});
+    lesson.color = "gold";
+    lesson.room2 = "B2";
+    lesson.absenceCount = 3;
+    lesson.professor->name = "Ms Kim";
+    lesson.professor->phone = "555";
+    lesson.memo.anyObject()->content = "secret";
+    for (GXDayNPeriodData* placement : lesson.times)
+        placement->alarmValue = 3;
+    phone.addHomework(lesson, "Essay");
+
+    GXTimetableData& copy = manager().copyTimetableFromTimetableNo(source.index.get());
+    EXPECT_EQ(copy.name.get(), "Term 1 copy");
+    EXPECT_EQ(copy.backgroundImage.get(), "#F3F0EC") << "a user image belongs to one timetable";
+    EXPECT_EQ(copy.lastPeriod.get(), 12);
+    EXPECT_EQ(copy.alphaBorder.get(), 0.25F);
+    EXPECT_TRUE(copy.useHalfPeriods.get());
+    EXPECT_FALSE(copy.textSize.isSet());
+    EXPECT_EQ(copy.textSize.get(), 0);
+    EXPECT_EQ(manager().timetableList().front(), &copy);
+
+    ASSERT_EQ(copy.classtimes.count(), 1U);
+    const GXClasstimeData& time = *copy.classtimes.anyObject();
+    EXPECT_EQ(time.period.get(), 2.1F);
+    EXPECT_EQ(time.shortName.get(), "L");
+    EXPECT_EQ(time.beginHour.get(), 12);
+    EXPECT_FALSE(time.endHour.isSet());
+
+    ASSERT_EQ(copy.lessons.count(), 1U);
+    const GXLessonData& subject = *copy.lessons.anyObject();
+    EXPECT_NE(subject.id.get(), lesson.id.get());
+    EXPECT_EQ(subject.color.get(), "gold");
+    EXPECT_EQ(subject.room2.get(), "B2");
+    EXPECT_EQ(subject.absenceCount.get(), 0);
+    EXPECT_EQ(subject.professor->name.get(), "Ms Kim");
+    EXPECT_EQ(subject.professor->phone.get(), "");
+    EXPECT_EQ(subject.memo.anyObject()->content.get(), "");
+    EXPECT_TRUE(subject.homework.isEmpty());
+    ASSERT_EQ(subject.times.count(), 2U);
+    for (const GXDayNPeriodData* placement : subject.times)
+        EXPECT_EQ(placement->alarmValue.get(), 0);
+    EXPECT_EQ(lesson.times.count(), 2U) << "the source keeps its own";
+}
+
+TEST_F(Timetables, a_copy_of_none_is_empty_and_named_by_the_format) {
+    const GXTimetableData& copy = manager().copyTimetableFromTimetableNo(99);
+    EXPECT_EQ(copy.name.get(), " copy");
+    EXPECT_TRUE(copy.lessons.isEmpty());
+}
+
+TEST_F(Timetables, the_starting_timetable_is_one_coded_number) {
+    const struct {
+        NSInteger stored;
+        NSInteger number;
+        bool fixed;
+    } cases[] = {{0, 0, true}, {999, 999, true}, {1000, 0, false}, {1005, 5, false}};
+    for (const auto& code : cases) {
+        manager().appSettingData().startingTimetable = code.stored;
+        EXPECT_EQ(manager().startingTimetableNo(), code.number);
+        EXPECT_EQ(manager().fixedStartingTimetable(), code.fixed);
+    }
+    manager().setStartingTimetable_fixed(5, false);
+    phone.restart();
+    EXPECT_EQ(manager().appSettingData().startingTimetable.get(), 1005);
+}
+
+TEST_F(Timetables, update_numbers_count_all_changes_and_those_of_the_current_one) {
+    EXPECT_EQ(manager().getDataUpdateNo(), 1);
+    EXPECT_EQ(manager().getTimetableUpdateNo(0), 1);
+    EXPECT_EQ(manager().getTimetableUpdateNo(8), 0);
+    manager().setCurrentTimetableNo(8);
+    manager().dataUpdateNoUp();
+    manager().timetableUpdateNoUp();
+    manager().timetableUpdateNoUp(0);
+    EXPECT_EQ(manager().getDataUpdateNo(), 2);
+    phone.restart();
+    EXPECT_EQ(manager().getDataUpdateNo(), 2);
+    EXPECT_EQ(manager().getTimetableUpdateNo(8), 2);
+    EXPECT_EQ(manager().getTimetableUpdateNo(0), 2);
+}
+
+}  // namespace
+
+}  // namespace gexlo::test

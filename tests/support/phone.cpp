@@ -1,0 +1,136 @@
+#include "support/phone.h"
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <sstream>
+
+#include "app/app_delegate.h"
+
+namespace gexlo::test {
+
+namespace {
+
+/// Lines that every run may write.
+constexpr std::array kUsualLines{"LAUNCH", "Loading Time : ", "data update no : ", "language : "};
+
+template <typename List>
+bool isAmong(const std::string& line, const List& parts) {
+    return std::any_of(parts.begin(), parts.end(), [&](const std::string& part) {
+        return line.find(part) != std::string::npos;
+    });
+}
+
+}  // namespace
+
+TemporaryDirectory::TemporaryDirectory() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "gexlo-test-XXXXXX").string();
+    path_ = mkdtemp(pattern.data());
+}
+
+TemporaryDirectory::~TemporaryDirectory() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+}
+
+std::string readFile(const std::filesystem::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    std::ostringstream contents;
+    contents << in.rdbuf();
+    return contents.str();
+}
+
+void writeFile(const std::filesystem::path& file, const std::string& contents) {
+    std::ofstream(file, std::ios::binary) << contents;
+}
+
+Phone::Phone() {
+    facts.root = directory_.path();
+    facts.resources = GEXLO_RESOURCES;
+    facts.timeZone = "Asia/Seoul";
+    restart();
+}
+
+Phone::~Phone() {
+    quit();
+    checkLog();
+}
+
+void Phone::launch() {
+    hasLaunched_ = true;
+    device_->perform([] { GXAppDelegate::delegate().application_didFinishLaunchingWithOptions(); });
+}
+
+void Phone::quit() {
+    if (!device_) return;
+    if (hasLaunched_)
+        device_->perform([] { GXAppDelegate::delegate().applicationWillTerminate(); });
+    hasLaunched_ = false;
+    now_ = device_->clock().now().timeIntervalSince1970();
+    device_.reset();
+}
+
+void Phone::restart() {
+    quit();
+    device_ = std::make_unique<Device>(
+        facts, Clock::standingAt(NSDate::dateWithTimeIntervalSince1970(now_)));
+    device_->log().setSink([this](const std::string& line) { log_.push_back(line); });
+}
+
+void Phone::relaunch() {
+    restart();
+    launch();
+}
+
+void Phone::upgrade(const std::string& bundleVersion) {
+    facts.bundleVersion = bundleVersion;
+    relaunch();
+}
+
+void Phone::advance(NSTimeInterval seconds) {
+    device_->mainQueue().advanceTo(device_->clock().now().dateByAddingTimeInterval(seconds));
+}
+
+void Phone::background() {
+    device_->perform([] { GXAppDelegate::delegate().applicationDidEnterBackground(); });
+}
+
+GXLessonData& Phone::addSubject(const std::string& name, const std::vector<Slot>& slots) {
+    return addSubject(timetable(), name, slots);
+}
+
+GXLessonData& Phone::addSubject(GXTimetableData& timetable, const std::string& name,
+                                const std::vector<Slot>& slots) {
+    GXLessonData& lesson = manager().addNewLessonInTimetable(timetable);
+    lesson.name = name;
+    for (const Slot& slot : slots) {
+        GXDayNPeriodData& placement = manager().addNewDayNPeriod();
+        placement.day = slot.day;
+        placement.period = slot.period;
+        placement.week = slot.week;
+        lesson.times.addObject(placement);
+    }
+    manager().saveContext();
+    return lesson;
+}
+
+GXHomeworkData& Phone::addHomework(GXLessonData& lesson, const std::string& title) {
+    GXHomeworkData& homework = manager().addNewHomework();
+    homework.title = title;
+    homework.index = static_cast<NSInteger>(lesson.homework.count());
+    lesson.homework.addObject(homework);
+    manager().saveContext();
+    return homework;
+}
+
+void Phone::checkLog() const {
+    for (const std::string& line : log_) {
+        EXPECT_TRUE(isAmong(line, kUsualLines) || isAmong(line, expected_))
+            << "In the log: " << line;
+    }
+}
+
+}  // namespace gexlo::test
