@@ -194,6 +194,7 @@ TEST_F(ObjectStore, a_fetch_filters_and_sorts_what_is_not_saved_and_what_is_abse
 TEST_F(ObjectStore, a_second_context_sees_what_was_saved_and_catches_up) {
     GXLessonData& maths = addSubject("Maths");
     GXLessonData& art = addSubject("Art");
+    maths.room2 = "7";
     NSManagedObjectContext other(store->coordinator);
     expectSubjects(other, {});
     save(context());
@@ -201,6 +202,7 @@ TEST_F(ObjectStore, a_second_context_sees_what_was_saved_and_catches_up) {
     GXLessonData& seen = *all<GXLessonData>(other)[0];
     GXHomeworkData& gone = *all<GXLessonData>(other)[1]->homework.anyObject();
     maths.room1 = "12";
+    maths.room2.clear();
     maths.color = "#111";
     maths.homework.addObject(add<GXHomeworkData>(context()));
     context().deleteObject(art);
@@ -215,6 +217,7 @@ TEST_F(ObjectStore, a_second_context_sees_what_was_saved_and_catches_up) {
     EXPECT_TRUE(gone.isDeleted() && !gone.title.isSet());
     other.refreshObject_mergeChanges(seen, false);
     EXPECT_EQ(seen.color.get() + seen.room1.get(), "#11112");
+    EXPECT_FALSE(seen.room2.isSet());
     seen.color = "#333";
     save(other);
     expectSubjects(context(), {"Maths", "Music"});

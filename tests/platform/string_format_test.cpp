@@ -18,9 +18,9 @@ TEST(StringFormat, every_directive_prints_its_argument) {
     const std::vector<std::tuple<std::string_view, Arguments, std::string>> cases{
         {"%@ - %@|%5@|%-5@|", {"%@ %d", k7, "abc", "abc"}, "%@ %d - 7|  abc|abc  |"},
         {"T%ld, %d, %02d:%02d", {kLeast, -k3, k7, k7 * 100}, "T-9223372036854775808, -3, 07:700"},
-        {"%03d|%+d|% d|%5d|%-5d|%x",
-         {-k3, k7, k7, -k7, k7, -k3 - k3 + k7},
-         "-03|+7| 7|   -7|7    |1"},
+        {"%03d|%05.2d|%+d|% d|%5d|%-5d|%x",
+         {-k3, k7, k7, k7, -k7, k7, k7},
+         "-03|   07|+7| 7|   -7|7    |7"},
         {"%.0f교시 %.01f교시 %.1f %f", {3.0, 3.5, k7, 0.1}, "3교시 3.5교시 7.0 0.100000"},
         {"%06.1f|%+.0f|%.0f|%.0f|%d", {-1.25, 0.5, -0.5, kInfinite, 7.9}, "-001.2|+0|-0|inf|7"},
         {"%2$@ of %1$@ and %2$@|%3$@", {"a", "b"}, "b of a and b|"},

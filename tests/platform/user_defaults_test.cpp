@@ -39,6 +39,7 @@ TEST_F(UserDefaults, what_changed_is_written_when_the_turn_ends_or_when_asked) {
     defaults().synchronize();
     EXPECT_EQ(dictionaryFromFile(file), (NSDictionary{{"count", 7}, {"name", "text"}}));
     defaults().setValue_forKey({}, "count");
+    EXPECT_FALSE(defaults().dictionaryRepresentation().contains("count"));
     suite().setInteger_forKey(2, "name");
     phone.restart();
     EXPECT_EQ(defaults().dictionaryRepresentation(), (NSDictionary{{"name", "text"}}));
