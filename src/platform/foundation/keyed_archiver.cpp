@@ -179,7 +179,7 @@ public:
 
 private:
     static constexpr std::size_t kDeepest = 100;
-    static constexpr std::uint64_t kMostObjects = 4'000'000;
+    static constexpr std::uint64_t kMostObjects = 2'000'000;
 
     class Fields final : public NSDecoder {
     public:
