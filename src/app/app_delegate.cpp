@@ -1,8 +1,14 @@
 #include "app/app_delegate.h"
 
 #include "app/main_view.h"
+#include "platform/foundation/bundle.h"
 #include "platform/foundation/device.h"
 #include "platform/foundation/user_defaults.h"
+#include "platform/services/local_notification.h"
+#include "platform/views/alert.h"
+#include "platform/views/image_view.h"
+#include "platform/views/window.h"
+#include "presentation/ui_manager.h"
 #include "store/data_manager.h"
 #include "store/user_default_keys.h"
 
@@ -15,6 +21,15 @@ struct SavedContext {
     NSManagedObjectContext context{GXDataManager::manager().persistentStoreCoordinator()};
 };
 
+/// Seconds after which an alarm that rings once is not worth an alert.
+constexpr double kLateAfter = 5;
+constexpr double kSplashFade = 0.4;
+
+void fadeOut(const std::shared_ptr<UIView>& splash) {
+    UIView::animateWithDuration(
+        kSplashFade, [&] { splash->setAlpha(0); }, [splash] { splash->removeFromSuperview(); });
+}
+
 }  // namespace
 
 GXAppDelegate& GXAppDelegate::delegate() {
@@ -23,26 +38,60 @@ GXAppDelegate& GXAppDelegate::delegate() {
 
 bool GXAppDelegate::application_didFinishLaunchingWithOptions() {
     const NSDate begin = NSDate::date();
+    UIApplication& application = UIApplication::sharedApplication();
+    application.registerUserNotificationSettings(kNotificationTypeAlert | kNotificationTypeBadge |
+                                                 kNotificationTypeSound);
     GXDataManager& manager = GXDataManager::manager();
     NSUserDefaults& defaults = NSUserDefaults::standardUserDefaults();
 
-    // After an upgrade the alarms are to be rebuilt here, before any view exists.
+    // After an upgrade, and before any view exists.
     if (defaults.integerForKey(user_default::kNowUpdated) == 1) {
+        manager.resetAllAlarms();
         defaults.setInteger_forKey(0, user_default::kNowUpdated);
         defaults.synchronize();
     }
     NSLog("LAUNCH");
-    mainView_ = &Device::current().singleton<GXMainView>();
+    const std::shared_ptr<UIView> splash = showWindow();
 
-    // At the first start notifications of an earlier install are to be cancelled here.
+    // A reinstalled application sheds the notifications of an earlier install.
     if (defaults.integerForKey(user_default::kFirstStarting) == 0) {
         defaults.setInteger_forKey(1, user_default::kFirstStarting);
         defaults.synchronize();
+        application.cancelAllLocalNotifications();
     }
     NSLog("Loading Time : %f", NSDate::date().timeIntervalSinceDate(begin));
+    fadeOut(splash);
     // Not only a line of the log: the first reader starts the counter.
     NSLog("data update no : %ld", manager.getDataUpdateNo());
     return true;
+}
+
+/// The main screen under the splash image, which it gives.
+std::shared_ptr<UIView> GXAppDelegate::showWindow() {
+    UIWindow& window = UIWindow::keyWindow();
+    window.setBackgroundColor(UIColor::blackColor());
+    mainView_ = &Device::current().singleton<GXMainView>();
+    const GXUIManager& manager = GXUIManager::manager();
+    mainView_->view()->setFrame({0, 0, manager.screenWidth(), manager.screenHeight()});
+    window.addSubview(mainView_->view());
+    auto splash = std::make_shared<UIImageView>(window.bounds());
+    splash->setAccessibilityIdentifier("splash");
+    splash->setImage(UIImage::imageNamed(manager.isTallerScreen() ? "Default-568h" : "Default"));
+    window.addSubview(splash);
+    return splash;
+}
+
+void GXAppDelegate::application_didReceiveLocalNotification(const UILocalNotification& note) {
+    UIApplication& application = UIApplication::sharedApplication();
+    if (application.applicationState() == UIApplicationState::active) {
+        const NSDate limit = NSDate::date().dateByAddingTimeInterval(-kLateAfter);
+        if (note.fireDate <= limit && note.repeatInterval == 0) return;
+        UIAlert::notice("", note.alertBody, NSLocalizedString("OK_BUTTON")).show();
+        return;
+    }
+    UILocalNotification again = note;
+    application.cancelLocalNotification(note);
+    if (note.repeatInterval != 0) application.scheduleLocalNotification(again);
 }
 
 void GXAppDelegate::applicationDidEnterBackground() {

@@ -1,7 +1,10 @@
 // Where the platform enters: launch, background and end.
 #pragma once
 
+#include <memory>
+
 #include "platform/foundation/file_manager.h"
+#include "platform/services/application.h"
 
 namespace gexlo {
 
@@ -9,20 +12,24 @@ class GXMainView;
 class NSManagedObjectContext;
 class NSManagedObjectModel;
 class NSPersistentStoreCoordinator;
+class UIView;
 
-class GXAppDelegate {
+class GXAppDelegate final : public UIApplicationDelegate {
 public:
     static GXAppDelegate& delegate();
 
     /// The launch, up to the first timetable on screen.
-    bool application_didFinishLaunchingWithOptions();
+    bool application_didFinishLaunchingWithOptions() override;
     /// Keeps the page of the grid if the starting timetable is on screen.
-    void applicationDidEnterBackground();
-    void applicationWillTerminate();
+    void applicationDidEnterBackground() override;
+    void applicationWillTerminate() override;
+    /// While the application is in use: an alert, unless one that rings once is late. Else it
+    /// was tapped: one that repeats is scheduled anew, one that does not is done.
+    void application_didReceiveLocalNotification(const UILocalNotification& note) override;
     // Nothing happens at these.
-    void applicationWillResignActive() {}
-    void applicationWillEnterForeground() {}
-    void applicationDidBecomeActive() {}
+    void applicationWillResignActive() override {}
+    void applicationWillEnterForeground() override {}
+    void applicationDidBecomeActive() override {}
     void applicationDidReceiveMemoryWarning() {}
 
     /// A context of its own, which sees only what was saved and never has changes. The stack
@@ -41,6 +48,8 @@ public:
     GXMainView* mainView() const { return mainView_; }
 
 private:
+    std::shared_ptr<UIView> showWindow();
+
     GXMainView* mainView_ = nullptr;  // ends before the store that it was built on
 };
 

@@ -106,11 +106,55 @@ public:
     void removeHomework_fromTimetable(GXHomeworkData& homework, GXTimetableData& timetable);
     void removeExam_fromTimetable(GXExamData& exam, GXTimetableData& timetable);
 
+    // MARK: class times, of the current timetable where none is given; defined in time/
+
+    // The first row of that period answers, whatever its week: of two weeks with differing
+    // times either may. Nothing in the system calls these three.
+    /// Title and range of time, in two lines.
+    std::string classtime(float period);
+    /// "09:05"; "" without a row or where one of the two fields is not set.
+    std::string classBeginningTime(float period);
+    std::string classEndTime(float period);
+    /// 0 without a row, or where either field is not set. Spelled so by its callers.
+    NSInteger classBeginningHourWithPeriod_week_inTimetalbe(float period, NSInteger week,
+                                                            const GXTimetableData& timetable) const;
+    NSInteger classBeginningMinWithPeriod_week_inTimetable(float period, NSInteger week,
+                                                           const GXTimetableData& timetable) const;
+    NSInteger classBeginningHourWithPeriod_week(float period, NSInteger week);
+    NSInteger classBeginningMinWithPeriod_week(float period, NSInteger week);
+    /// When a homework or an exam is due: weekday and time of one that repeats, else the date.
+    std::string stringForScheduleDate(const NSManagedObject& item) const;
+
+    // MARK: alarms; defined in alarms/
+
+    /// Replaces the placement's alarm; a kind that placements do not have clears it. Saves.
+    void setAlarm_inClass(NSInteger kind, GXDayNPeriodData& placement);
+    /// Cancels and forgets the alarm; saves.
+    void clearAlarmInClass(GXDayNPeriodData& placement);
+    /// Schedules a weekly notification at the class's time of this week plus `seconds`, be it
+    /// past or not, and gives its archive.
+    NSData alarmDataInClass_message_alarmType_timeInterval(const GXDayNPeriodData& placement,
+                                                           const std::string& message,
+                                                           NSInteger kind, NSTimeInterval seconds);
+    /// Replaces the item's alarm; `type` is 0 for homework, 1 for an exam. Saves.
+    void setAlarm_inSchedule_scheduleType(NSInteger kind, NSManagedObject& item, NSInteger type);
+    void clearAlarmInSchedule(NSManagedObject& item);
+    /// Drops everything that is scheduled and builds it from the store, with class alarms
+    /// based on this week and the items of each owner numbered from 0.
+    void resetAllAlarms();
+    /// Clears every alarm of every timetable.
+    void removeAllAlarms();
+
 private:
+    void cancelAlarms(const GXLessonData& lesson);
+    void clearAlarms(const GXTimetableData& timetable);
     void giveNextIndex(GXTimetableData& timetable);
     void noteVersion();
     void keepOneAppSetting();
     void separateTimetableTwins();
+    // Number the items from 0 and arm their alarms anew; save after each.
+    void renumberItemsOf(const GXLessonData& lesson);
+    void renumberItemsOf(const GXTimetableData& timetable);
     template <typename Item>
     void removeItem(Item& item);
     template <typename Item>

@@ -83,8 +83,8 @@ GXDayNPeriodData& GXDataManager::addNewDayNPeriod() {
 }
 
 void GXDataManager::removeLesson_inTimetable(GXLessonData& lesson, GXTimetableData& timetable) {
-    // Scheduled notifications do not follow the store: those of the subject's placements,
-    // exams and homework are to be cancelled before this.
+    // Scheduled notifications do not follow the store.
+    cancelAlarms(lesson);
     std::vector<GXLessonData*> others = timetable.lessons.allObjects();
     std::erase(others, &lesson);
     removeData(lesson);

@@ -15,6 +15,11 @@ void setDefaults(ScheduleItem& item) {
     item.complete = false;
 }
 
+template <typename Item>
+constexpr NSInteger scheduleType = 0;
+template <>
+constexpr NSInteger scheduleType<GXExamData> = 1;
+
 // The set of an owner that holds items of the kind.
 const ToMany<GXHomeworkData>& itemsOf(const GXHomeworkData&, const auto& owner) {
     return owner.homework;
@@ -43,7 +48,9 @@ void GXDataManager::renumber(const ToMany<Item>& items) {
     for (Item* item : items.allObjects()) {
         item->index = index++;
         saveContext();
-        // An item with an alarm is to be armed anew here: its notification carries the index.
+        // The notification carries the index.
+        const NSInteger kind = item->alarmValue.get();
+        if (kind != 0) setAlarm_inSchedule_scheduleType(kind, *item, scheduleType<Item>);
     }
 }
 
@@ -51,7 +58,7 @@ template <typename Item>
 void GXDataManager::removeItem(Item& item) {
     const GXLessonData* lesson = item.lesson.get();
     const GXTimetableData* timetable = item.timetable.get();
-    // The item's alarm is to be cleared before this.
+    clearAlarmInSchedule(item);
     removeData(item);
     if (lesson) {
         renumber(itemsOf(item, *lesson));
@@ -86,6 +93,16 @@ void GXDataManager::removeHomework_fromTimetable(GXHomeworkData& homework,
 
 void GXDataManager::removeExam_fromTimetable(GXExamData& exam, GXTimetableData& timetable) {
     timetable.exam.removeObject(exam);
+    renumber(timetable.exam);
+}
+
+void GXDataManager::renumberItemsOf(const GXLessonData& lesson) {
+    renumber(lesson.homework);
+    renumber(lesson.exam);
+}
+
+void GXDataManager::renumberItemsOf(const GXTimetableData& timetable) {
+    renumber(timetable.homework);
     renumber(timetable.exam);
 }
 

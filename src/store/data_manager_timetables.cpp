@@ -130,9 +130,11 @@ GXTimetableData& GXDataManager::copyTimetableFromTimetableNo(NSInteger index) {
 }
 
 void GXDataManager::removeTimetable(NSInteger index) {
-    // Scheduled notifications do not follow the store: the alarms of what hangs under the
-    // timetable are to be cleared before this.
-    if (GXTimetableData* timetable = timetableData(index)) removeData(*timetable);
+    if (GXTimetableData* timetable = timetableData(index)) {
+        // Scheduled notifications do not follow the store.
+        clearAlarms(*timetable);
+        removeData(*timetable);
+    }
     saveContext();
 }
 

@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "app/app_delegate.h"
+#include "platform/services/application.h"
 
 namespace gexlo::test {
 
@@ -60,15 +61,12 @@ Phone::~Phone() {
 }
 
 void Phone::launch() {
-    hasLaunched_ = true;
-    device_->perform([] { GXAppDelegate::delegate().application_didFinishLaunchingWithOptions(); });
+    UIApplication::sharedApplication().launch(GXAppDelegate::delegate());
 }
 
 void Phone::quit() {
     if (!device_) return;
-    if (hasLaunched_)
-        device_->perform([] { GXAppDelegate::delegate().applicationWillTerminate(); });
-    hasLaunched_ = false;
+    UIApplication::sharedApplication().terminate();
     now_ = device_->clock().now().timeIntervalSince1970();
     device_.reset();
 }
@@ -95,7 +93,7 @@ void Phone::advance(NSTimeInterval seconds) {
 }
 
 void Phone::background() {
-    device_->perform([] { GXAppDelegate::delegate().applicationDidEnterBackground(); });
+    UIApplication::sharedApplication().enterBackground();
 }
 
 GXLessonData& Phone::addSubject(const std::string& name, const std::vector<Slot>& slots) {

@@ -87,7 +87,6 @@ private:
     NSTimeInterval now_ = kStart;
     std::vector<std::string> log_;
     std::vector<std::string> expected_;
-    bool hasLaunched_ = false;
 };
 
 std::string readFile(const std::filesystem::path& file);

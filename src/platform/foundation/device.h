@@ -16,6 +16,8 @@
 
 namespace gexlo {
 
+class TextMeasure;
+
 /// What a host says about the device before it installs it.
 struct DeviceFacts {
     std::filesystem::path root;       ///< holds all that the application keeps
@@ -38,6 +40,9 @@ struct DeviceFacts {
     std::string vendorId;
     bool watchSupported = true;
 
+    /// Null where the host draws nothing; a plain rule measures then.
+    std::shared_ptr<const TextMeasure> textMeasure;
+
     std::string serviceUrl;
     std::string feedbackUrl;
 
@@ -45,6 +50,7 @@ struct DeviceFacts {
     std::filesystem::path groupDirectory() const { return root / "Group"; }
     std::filesystem::path temporaryDirectory() const { return root / "tmp"; }
     std::filesystem::path preferencesDirectory() const { return root / "Preferences"; }
+    std::filesystem::path notificationsFile() const { return root / "Notifications.plist"; }
     std::filesystem::path keychainFile() const { return root / "Keychain.plist"; }
 };
 

@@ -13,6 +13,7 @@ struct UIFont {
     static UIFont fontWithName_size(std::string name, double size) {
         return {std::move(name), size, false};
     }
+    static UIFont systemFontOfSize(double size) { return {"", size, false}; }
     static UIFont boldSystemFontOfSize(double size) { return {"", size, true}; }
 
     bool operator==(const UIFont&) const = default;

@@ -1,0 +1,63 @@
+// Alerts and sheets, and answering them.
+#include "hosts/headless/driver_command.h"
+#include "hosts/headless/json_views.h"
+#include "platform/foundation/device.h"
+#include "platform/views/window.h"
+
+namespace gexlo {
+
+using nlohmann::json;
+
+namespace {
+
+json alert(const json&) {
+    json stack = json::array();
+    for (const UIAlert& shown : UIWindow::keyWindow().alerts())
+        stack.push_back(jsonFromAlert(shown));
+    json top = stack.empty() ? json() : stack.back();
+    return {{"alert", std::move(top)}, {"stack", std::move(stack)}};
+}
+
+std::size_t buttonOf(const json& fields, const UIAlert& shown) {
+    const auto button = fields.find("button");
+    if (button != fields.end() && button->is_string()) {
+        for (std::size_t i = 0; i < shown.buttons.size(); ++i) {
+            if (shown.buttons[i].title == button->get_ref<const std::string&>()) return i;
+        }
+        throw CommandError("there is no such button");
+    }
+    const std::size_t index = indexField(fields, "button");
+    if (index >= shown.buttons.size()) throw CommandError("there is no such button");
+    return index;
+}
+
+json answer(const json& fields) {
+    UIWindow& window = UIWindow::keyWindow();
+    if (window.alerts().empty()) throw CommandError("no alert is up");
+    const std::size_t button = buttonOf(fields, window.alerts().back());
+    std::vector<std::string> texts;
+    if (const auto given = fields.find("texts"); given != fields.end()) {
+        if (!given->is_array()) throw CommandError("\"texts\" is no list");
+        for (const json& text : *given) {
+            if (!text.is_string()) throw CommandError("\"texts\" holds what is no text");
+            texts.push_back(text.get<std::string>());
+        }
+    }
+    if (texts.size() > window.alerts().back().fields.size()) {
+        throw CommandError("the alert has fewer fields");
+    }
+    Device::current().perform([&] { window.answer(button, texts); });
+    return nothing();
+}
+
+}  // namespace
+
+std::span<const DriverCommand> alertCommands() {
+    static constexpr DriverCommand kCommands[] = {
+        {"alert", alert},
+        {"answer", answer},
+    };
+    return kCommands;
+}
+
+}  // namespace gexlo

@@ -1,0 +1,147 @@
+#include "hosts/headless/json_views.h"
+
+#include <cmath>
+
+#include "hosts/headless/view_search.h"
+#include "platform/views/button.h"
+#include "platform/views/image_view.h"
+#include "platform/views/scroll_view.h"
+#include "platform/views/slider.h"
+#include "platform/views/text_input.h"
+
+namespace gexlo {
+
+using nlohmann::json;
+
+namespace {
+
+double rounded(double value) {
+    return std::round(value * 10'000) / 10'000;
+}
+
+json jsonFromColor(const UIColor& color) {
+    return {rounded(color.red), rounded(color.green), rounded(color.blue), rounded(color.alpha)};
+}
+
+json jsonFromRect(const CGRect& rect) {
+    return {rect.x, rect.y, rect.width, rect.height};
+}
+
+json jsonFromFont(const UIFont& font) {
+    return {font.family, font.size, font.bold};
+}
+
+const char* nameOf(NSTextAlignment alignment) {
+    static constexpr const char* kNames[] = {"left", "center", "right"};
+    return kNames[static_cast<std::size_t>(alignment)];
+}
+
+template <typename Texted>
+void addText(json& result, const Texted& view, const std::string& text) {
+    result["text"] = text;
+    result["font"] = jsonFromFont(view.font());
+}
+
+void addImage(json& result, const UIImage& image) {
+    if (!image.name.empty()) {
+        result["image"] = image.name;
+    } else if (!image.isNone()) {
+        result["color"] = jsonFromColor(image.fill);
+    }
+}
+
+void addLabel(json& result, const UILabel& label) {
+    addText(result, label, label.text());
+    result["textColor"] = jsonFromColor(label.textColor());
+    result["alignment"] = nameOf(label.textAlignment());
+}
+
+void addButton(json& result, const UIButton& button) {
+    addImage(result, button.image());
+    if (button.tintColor().alpha > 0) result["tint"] = jsonFromColor(button.tintColor());
+    if (button.title().empty()) return;
+    addText(result, button, button.title());
+    result["textColor"] = jsonFromColor(button.titleColor());
+}
+
+void addInput(json& result, UITextInput& input) {
+    addText(result, input, input.text());
+    result["textColor"] = jsonFromColor(input.textColor());
+    result["alignment"] = nameOf(input.textAlignment());
+    if (!input.placeholder().empty()) result["placeholder"] = input.placeholder();
+    result["focused"] = input.isFirstResponder();
+    if (const auto* field = dynamic_cast<UITextField*>(&input)) {
+        if (field->isSecureTextEntry()) result["secure"] = true;
+    }
+}
+
+void addKind(json& result, UIView& view) {
+    if (const auto* label = dynamic_cast<UILabel*>(&view)) addLabel(result, *label);
+    if (const auto* image = dynamic_cast<UIImageView*>(&view)) addImage(result, image->image());
+    if (const auto* button = dynamic_cast<UIButton*>(&view)) addButton(result, *button);
+    if (auto* input = dynamic_cast<UITextInput*>(&view)) addInput(result, *input);
+    if (const auto* slider = dynamic_cast<UISlider*>(&view)) result["value"] = slider->value();
+    if (const auto* control = dynamic_cast<UIControl*>(&view)) {
+        result["enabled"] = control->isEnabled();
+        if (control->isSelected()) result["selected"] = true;
+    }
+    if (const auto* scroll = dynamic_cast<UIScrollView*>(&view)) {
+        result["contentSize"] = {scroll->contentSize().width, scroll->contentSize().height};
+        result["contentOffset"] = {scroll->contentOffset().x, scroll->contentOffset().y};
+    }
+}
+
+/// Null for a view that is not to be shown.
+json treeOf(UIView& view, bool all) {
+    if (!all && (view.isHidden() || view.alpha() == 0)) return nullptr;
+    json children = json::array();
+    for (const auto& child : view.subviews()) {
+        json tree = treeOf(*child, all);
+        if (!tree.is_null()) children.push_back(std::move(tree));
+    }
+    if (!all && children.empty() && !isVisible(view)) return nullptr;
+    json result = jsonFromView(view);
+    if (!children.empty()) result["children"] = std::move(children);
+    return result;
+}
+
+}  // namespace
+
+json jsonFromView(UIView& view) {
+    json result{{"class", view.className()}, {"frame", jsonFromRect(view.frameInWindow())}};
+    if (!view.accessibilityIdentifier().empty()) result["id"] = view.accessibilityIdentifier();
+    if (!view.accessibilityLabel().empty()) result["label"] = view.accessibilityLabel();
+    const UIColor& color = view.backgroundColor();
+    if (color.alpha > 0) result["color"] = jsonFromColor(color);
+    if (color.patternImage) result["pattern"] = color.patternImage;
+    if (view.borderWidth() > 0) {
+        result["border"] = {view.borderWidth(), jsonFromColor(view.borderColor())};
+    }
+    if (view.alpha() != 1) result["alpha"] = rounded(view.alpha());
+    if (view.isHidden()) result["hidden"] = true;
+    if (view.tag() != 0) result["tag"] = view.tag();
+    addKind(result, view);
+    return result;
+}
+
+json jsonFromTree(UIView& view, bool all) {
+    return treeOf(view, all);
+}
+
+json jsonFromAlert(const UIAlert& alert) {
+    json buttons = json::array();
+    for (const UIAlert::Button& button : alert.buttons)
+        buttons.push_back(button.title);
+    json fields = json::array();
+    for (const UIAlert::Field& field : alert.fields) {
+        fields.push_back(
+            {{"placeholder", field.placeholder}, {"text", field.text}, {"secure", field.secure}});
+    }
+    return {{"kind", alert.kind == UIAlert::Kind::sheet ? "sheet" : "alert"},
+            {"title", alert.title},
+            {"message", alert.message},
+            {"buttons", std::move(buttons)},
+            {"fields", std::move(fields)}};
+}
+
+}  // namespace gexlo

@@ -1,0 +1,17 @@
+// Views and alerts as the driver's JSON.
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include "platform/views/alert.h"
+#include "platform/views/view.h"
+
+namespace gexlo {
+
+/// A view without its children; what does not apply to it is left out.
+nlohmann::json jsonFromView(UIView& view);
+/// A view with all under it, those that cannot be seen only if asked for.
+nlohmann::json jsonFromTree(UIView& view, bool all);
+nlohmann::json jsonFromAlert(const UIAlert& alert);
+
+}  // namespace gexlo

@@ -1,0 +1,80 @@
+// The running application as the platform sees it: its states and its notifications.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "platform/foundation/types.h"
+
+namespace gexlo {
+
+class NotificationSchedule;
+class UILocalNotification;
+
+enum class UIApplicationState : std::uint8_t { notRunning, active, inactive, background };
+
+/// Kinds of notification that a person can allow.
+inline constexpr NSInteger kNotificationTypeBadge = 1;
+inline constexpr NSInteger kNotificationTypeSound = 2;
+inline constexpr NSInteger kNotificationTypeAlert = 4;
+
+/// Whom the platform calls.
+class UIApplicationDelegate {
+public:
+    virtual ~UIApplicationDelegate() = default;
+    virtual bool application_didFinishLaunchingWithOptions() = 0;
+    virtual void applicationWillResignActive() = 0;
+    virtual void applicationDidEnterBackground() = 0;
+    virtual void applicationWillEnterForeground() = 0;
+    virtual void applicationDidBecomeActive() = 0;
+    virtual void applicationWillTerminate() = 0;
+    virtual void application_didReceiveLocalNotification(const UILocalNotification& note) = 0;
+};
+
+class UIApplication {
+public:
+    static UIApplication& sharedApplication();
+
+    UIApplicationState applicationState() const { return state_; }
+
+    // MARK: for the host, each a turn of the main queue; one that does not fit the state does
+    // nothing
+
+    /// The delegate stays from here on.
+    void launch(UIApplicationDelegate& delegate);
+    void enterBackground();
+    void enterForeground();
+    void terminate();
+
+    // MARK: notifications
+
+    /// Asks the person for the right to notify.
+    void registerUserNotificationSettings(NSInteger types) { notificationTypes_ = types; }
+    NSInteger notificationTypes() const { return notificationTypes_; }
+    /// A copy is scheduled; the given one is marked, so that its archive can cancel it.
+    void scheduleLocalNotification(UILocalNotification& note);
+    void cancelLocalNotification(const UILocalNotification& note);
+    void cancelAllLocalNotifications();
+    /// In the order in which they were scheduled.
+    std::vector<UILocalNotification> scheduledLocalNotifications() const;
+
+    // MARK: for the host, what rang
+
+    /// What rang while the application was not active, oldest first.
+    const std::vector<UILocalNotification>& rungLocalNotifications() const;
+    void removeRungLocalNotification(std::size_t index);
+    /// Hands a notification to the application while it is active.
+    void deliver(const UILocalNotification& note);
+    /// A tap on a notification, which brings the application to the front.
+    void open(const UILocalNotification& note);
+
+private:
+    static NotificationSchedule& schedule();
+    void ring(const UILocalNotification& note);
+
+    UIApplicationDelegate* delegate_ = nullptr;  // ends with the device, as this does
+    UIApplicationState state_ = UIApplicationState::notRunning;
+    NSInteger notificationTypes_ = 0;
+};
+
+}  // namespace gexlo

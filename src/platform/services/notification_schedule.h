@@ -1,0 +1,65 @@
+// What is scheduled to ring, kept over restarts and rung by the clock.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <set>
+#include <utility>
+#include <vector>
+
+#include "platform/services/local_notification.h"
+
+namespace gexlo {
+
+/// Lives in a file that is written at the end of a turn. A weekly notification keeps its time
+/// of day in the device's zone, over summer time as well.
+class NotificationSchedule {
+public:
+    using Ring = std::function<void(const UILocalNotification&)>;
+
+    NotificationSchedule();
+    ~NotificationSchedule();
+    NotificationSchedule(const NotificationSchedule&) = delete;
+    NotificationSchedule& operator=(const NotificationSchedule&) = delete;
+
+    /// Rings by the clock from now on. What fell due while nobody rang joins `rung`: of each
+    /// notification the newest 100 times, of all together the newest 1,000.
+    void start(Ring ring);
+
+    /// Takes the notification and marks it as scheduled; the mark is part of its archive. A
+    /// date that has passed is due at once, a weekly one at its next time.
+    void add(UILocalNotification& note);
+    /// Takes out the notification that was marked so; does nothing for any other.
+    void remove(const UILocalNotification& note);
+    void removeAll();
+    /// In the order in which they were scheduled.
+    std::vector<UILocalNotification> scheduled() const;
+
+    /// What rang while the application was not there to see, oldest first.
+    const std::vector<UILocalNotification>& rung() const { return rung_; }
+    void addRung(const UILocalNotification& note);
+    void removeRung(std::size_t index);
+
+private:
+    struct Entry {
+        UILocalNotification note;
+        NSDate due;
+    };
+
+    void read();
+    void write();
+    void put(UILocalNotification note, NSDate due);
+    /// Takes what is due, and sets it to its next time or forgets it.
+    std::optional<Entry> takeDue(NSDate now);
+    void armClock();
+
+    std::map<NSInteger, Entry> entries_;            // by identifier
+    std::set<std::pair<NSDate, NSInteger>> byDue_;  // of the same
+    std::vector<UILocalNotification> rung_;
+    NSInteger lastIdentifier_ = 0;
+    std::optional<NSDate> armedFor_;
+    Ring ring_;
+    bool changed_ = false;
+};
+
+}  // namespace gexlo

@@ -1,0 +1,39 @@
+// An alert or a sheet of choices: it lies over everything until a button is pressed.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace gexlo {
+
+/// Serves what the system knows as alert view, action sheet and alert controller alike.
+struct UIAlert {
+    enum class Kind { alert, sheet };
+    struct Button {
+        std::string title;
+        enum class Style { normal, cancel, destructive } style = Style::normal;
+    };
+    struct Field {
+        std::string placeholder;
+        std::string text;
+        bool secure = false;
+    };
+
+    Kind kind = Kind::alert;
+    std::string title;
+    std::string message;
+    std::vector<Button> buttons;
+    std::vector<Field> fields;
+    /// Called with the index of the button once the alert has gone, and with the fields as
+    /// they were filled in; absent where nothing follows.
+    std::function<void(std::size_t button, const std::vector<Field>& fields)> dismissed;
+
+    /// An alert of one button after which nothing follows.
+    static UIAlert notice(std::string title, std::string message, std::string button);
+
+    /// Puts it over the key window, above those that are up.
+    void show() &&;
+};
+
+}  // namespace gexlo

@@ -1,0 +1,43 @@
+#include "platform/views/control.h"
+
+namespace gexlo {
+
+void UIControl::addAction(UIControlEvent event, std::function<void()> action) {
+    actions_.push_back([event, action = std::move(action)](UIControlEvent sent) {
+        if (sent == event) action();
+    });
+}
+
+void UIControl::addActionForAllEvents(std::function<void(UIControlEvent)> action) {
+    actions_.push_back(std::move(action));
+}
+
+void UIControl::sendActions(UIControlEvent event) {
+    // An action may take the control off the screen, or add another.
+    const std::shared_ptr<UIView> self = weak_from_this().lock();
+    for (std::size_t i = 0; i < actions_.size(); ++i) {
+        const auto action = actions_[i];
+        action(event);
+    }
+}
+
+void UIControl::touchesBegan(CGPoint) {
+    if (!enabled_) return;
+    setHighlighted(true);
+    sendActions(UIControlEvent::touchDown);
+}
+
+void UIControl::touchesEnded(CGPoint inWindow) {
+    if (!enabled_) return;
+    setHighlighted(false);
+    const bool inside = frameInWindow().contains(inWindow);
+    sendActions(inside ? UIControlEvent::touchUpInside : UIControlEvent::touchUpOutside);
+}
+
+void UIControl::touchesCancelled() {
+    if (!enabled_) return;
+    setHighlighted(false);
+    sendActions(UIControlEvent::touchCancel);
+}
+
+}  // namespace gexlo

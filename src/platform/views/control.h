@@ -1,0 +1,53 @@
+// A view that answers touches with events.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "platform/views/view.h"
+
+namespace gexlo {
+
+enum class UIControlEvent : std::uint8_t {
+    touchDown,
+    touchUpInside,
+    touchUpOutside,
+    touchCancel,
+    valueChanged,
+    editingChanged,
+    editingDidBegin,
+    editingDidEnd,
+};
+
+class UIControl : public UIView {
+public:
+    using UIView::UIView;
+
+    const char* className() const override { return "UIControl"; }
+
+    bool isEnabled() const { return enabled_; }
+    void setEnabled(bool enabled) { change(enabled_, enabled); }
+    bool isSelected() const { return selected_; }
+    void setSelected(bool selected) { change(selected_, selected); }
+    bool isHighlighted() const { return highlighted_; }
+    void setHighlighted(bool highlighted) { change(highlighted_, highlighted); }
+
+    /// Calls `action` at each event from now on, after those that came before it.
+    void addAction(UIControlEvent event, std::function<void()> action);
+    /// The same for every event, told which it is.
+    void addActionForAllEvents(std::function<void(UIControlEvent)> action);
+    void sendActions(UIControlEvent event);
+
+    /// A control that is not enabled swallows touches and tells nobody.
+    void touchesBegan(CGPoint inWindow) override;
+    void touchesEnded(CGPoint inWindow) override;
+    void touchesCancelled() override;
+
+private:
+    std::vector<std::function<void(UIControlEvent)>> actions_;
+    bool enabled_ = true;
+    bool selected_ = false;
+    bool highlighted_ = false;
+};
+
+}  // namespace gexlo

@@ -1,0 +1,25 @@
+// An image on the screen.
+#pragma once
+
+#include <utility>
+
+#include "platform/views/image.h"
+#include "platform/views/view.h"
+
+namespace gexlo {
+
+class UIImageView : public UIView {
+public:
+    UIImageView() : UIImageView(CGRect{}) {}
+    explicit UIImageView(CGRect frame) : UIView(frame) { userInteractionEnabled_ = false; }
+
+    const char* className() const override { return "UIImageView"; }
+
+    const UIImage& image() const { return image_; }
+    void setImage(UIImage image) { change(image_, std::move(image)); }
+
+private:
+    UIImage image_;
+};
+
+}  // namespace gexlo

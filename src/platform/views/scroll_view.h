@@ -1,0 +1,54 @@
+// A window on content that is larger than itself.
+#pragma once
+
+#include "platform/views/view.h"
+
+namespace gexlo {
+
+class UIScrollView : public UIView {
+public:
+    /// Seconds that an animated scroll takes.
+    static constexpr double kScrollDuration = 0.3;
+
+    UIScrollView() : UIScrollView(CGRect{}) {}
+    explicit UIScrollView(CGRect frame) : UIView(frame) { setClipsToBounds(true); }
+
+    const char* className() const override { return "UIScrollView"; }
+
+    const CGSize& contentSize() const { return contentSize_; }
+    /// The offset stays as it is, even where the content now ends before it.
+    void setContentSize(CGSize size) { change(contentSize_, size); }
+    CGPoint contentOffset() const final { return contentOffset_; }
+    /// Any offset is taken; only a finger is held back by the limits.
+    void setContentOffset(CGPoint offset);
+    void setContentOffset_animated(CGPoint offset, bool animated);
+
+    bool isPagingEnabled() const { return pagingEnabled_; }
+    void setPagingEnabled(bool enabled) { change(pagingEnabled_, enabled); }
+    bool isScrollEnabled() const { return scrollEnabled_; }
+    void setScrollEnabled(bool enabled) { change(scrollEnabled_, enabled); }
+    bool alwaysBounceHorizontal() const { return alwaysBounceHorizontal_; }
+    void setAlwaysBounceHorizontal(bool bounces) { change(alwaysBounceHorizontal_, bounces); }
+    bool alwaysBounceVertical() const { return alwaysBounceVertical_; }
+    void setAlwaysBounceVertical(bool bounces) { change(alwaysBounceVertical_, bounces); }
+
+    /// Whether a drag takes a touch from that view; where not, it is the view's.
+    virtual bool touchesShouldCancelInContentView(const UIView&) const { return true; }
+
+    /// A finger's drag towards an offset that then comes to rest: within the content, and at
+    /// the nearest page where paging is on.
+    void dragTo(CGPoint offset);
+
+protected:
+    virtual void didScroll() {}
+
+private:
+    CGSize contentSize_;
+    CGPoint contentOffset_;
+    bool pagingEnabled_ = false;
+    bool scrollEnabled_ = true;
+    bool alwaysBounceHorizontal_ = false;
+    bool alwaysBounceVertical_ = false;
+};
+
+}  // namespace gexlo

@@ -1,0 +1,176 @@
+#include "platform/views/table_view.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/views/window.h"
+
+namespace gexlo {
+
+UITableViewCell::UITableViewCell() : contentView_(std::make_shared<UIView>()) {
+    addSubview(contentView_);
+}
+
+void UITableView::setEditing(bool editing) {
+    editing_ = editing;
+    markChanged();
+}
+
+NSInteger UITableView::numberOfRowsInSection(NSInteger section) const {
+    return section < 0 || section >= numberOfSections() ? 0
+                                                        : rows_[static_cast<std::size_t>(section)];
+}
+
+bool UITableView::hasRow(NSIndexPath path) const {
+    return path.row >= 0 && path.row < numberOfRowsInSection(path.section);
+}
+
+std::string UITableView::titleForHeader(NSInteger section) {
+    return section < 0 || section >= numberOfSections()
+               ? ""
+               : headers_[static_cast<std::size_t>(section)];
+}
+
+double UITableView::headerHeight(NSInteger section) const {
+    return headers_[static_cast<std::size_t>(section)].empty() ? 0 : kHeaderHeight;
+}
+
+double UITableView::sectionTop(NSInteger section) const {
+    double top = 0;
+    for (NSInteger i = 0; i < section; ++i) {
+        top += headerHeight(i) + static_cast<double>(numberOfRowsInSection(i)) * rowHeight_;
+    }
+    return top;
+}
+
+CGRect UITableView::rectForRow(NSIndexPath path) const {
+    const double top = sectionTop(path.section) + headerHeight(path.section);
+    return {0, top + static_cast<double>(path.row) * rowHeight_, frame().width, rowHeight_};
+}
+
+void UITableView::reloadData() {
+    rows_.clear();
+    headers_.clear();
+    inSight_.clear();
+    removeAllSubviews();
+    if (const auto source = source_.lock()) {
+        for (NSInteger i = 0; i < source->numberOfSections(*this); ++i) {
+            rows_.push_back(source->numberOfRowsInSection(*this, i));
+            headers_.push_back(source->titleForHeader(*this, i));
+        }
+    }
+    const double height = sectionTop(numberOfSections());
+    setContentSize({frame().width, height});
+    const double last = std::max(0.0, height - frame().height);
+    makeHeaders();
+    if (contentOffset().y > last) return setContentOffset({0, last});
+    layoutRows();
+}
+
+void UITableView::deleteRow(NSIndexPath path) {
+    if (hasRow(path)) reloadData();
+}
+
+void UITableView::makeHeaders() {
+    for (NSInteger section = 0; section < numberOfSections(); ++section) {
+        if (headerHeight(section) == 0) continue;
+        const auto header = std::make_shared<UILabel>(
+            CGRect{10, sectionTop(section), frame().width - 20, kHeaderHeight});
+        header->setText(titleForHeader(section));
+        header->setFont(UIFont::boldSystemFontOfSize(13));
+        addSubview(header);
+    }
+}
+
+std::vector<NSIndexPath> UITableView::pathsInSight() const {
+    std::vector<NSIndexPath> paths;
+    const double top = contentOffset().y;
+    const double bottom = top + frame().height;
+    for (NSInteger section = 0; section < numberOfSections(); ++section) {
+        const double rowsY = sectionTop(section) + headerHeight(section);
+        const auto rows = static_cast<double>(numberOfRowsInSection(section));
+        const auto first =
+            static_cast<NSInteger>(std::clamp((top - rowsY) / rowHeight_, 0.0, rows));
+        const auto last =
+            static_cast<NSInteger>(std::clamp(std::ceil((bottom - rowsY) / rowHeight_), 0.0, rows));
+        for (NSInteger row = first; row < last; ++row)
+            paths.push_back({section, row});
+    }
+    return paths;
+}
+
+/// Rows that stay in sight keep their views, and so a field in them its focus.
+void UITableView::layoutRows() {
+    std::vector<std::shared_ptr<UITableViewCell>> inSight;
+    for (const NSIndexPath path : pathsInSight()) {
+        if (auto cell = cellForRow(path)) inSight.push_back(std::move(cell));
+    }
+    inSight_.swap(inSight);
+    for (const auto& former : inSight) {
+        if (std::find(inSight_.begin(), inSight_.end(), former) == inSight_.end())
+            former->removeFromSuperview();
+    }
+    for (const auto& cell : inSight_) {
+        if (cell->superview() != this) addSubview(cell);
+    }
+}
+
+void UITableView::scrollToRow(NSIndexPath path) {
+    if (!hasRow(path)) return;
+    const CGRect place = rectForRow(path);
+    const double top = contentOffset().y;
+    if (place.y < top) setContentOffset({0, place.y});
+    if (place.maxY() > top + frame().height) setContentOffset({0, place.maxY() - frame().height});
+}
+
+std::shared_ptr<UITableViewCell> UITableView::cellForRow(NSIndexPath path) {
+    if (!hasRow(path)) return nullptr;
+    for (const auto& cell : inSight_) {
+        if (cell->indexPath_ == path) return cell;
+    }
+    const auto source = source_.lock();
+    if (!source) return nullptr;
+    auto cell = source->cellForRow(*this, path);
+    cell->indexPath_ = path;
+    cell->setFrame(rectForRow(path));
+    cell->contentView().setFrame(cell->bounds());
+    cell->layoutSubviews();
+    return cell;
+}
+
+bool UITableView::selectRow(NSIndexPath path) {
+    const auto delegate = delegate_.lock();
+    if (!hasRow(path) || !delegate) return false;
+    const auto self = shared_from_this();
+    delegate->didSelectRow(*this, path);
+    return true;
+}
+
+bool UITableView::requestDelete(NSIndexPath path) {
+    const auto source = source_.lock();
+    if (!source || !hasRow(path) || !source->canEditRow(*this, path)) return false;
+    const auto self = shared_from_this();
+    source->commitDelete(*this, path);
+    return true;
+}
+
+bool UITableView::dragRow(NSIndexPath from, NSIndexPath to) {
+    const auto source = source_.lock();
+    if (!source || !editing_ || !hasRow(from) || !hasRow(to)) return false;
+    if (!source->canMoveRow(*this, from)) return false;
+    const auto self = shared_from_this();
+    source->moveRow(*this, from, to);
+    reloadData();
+    return true;
+}
+
+void UITableView::touchesEnded(CGPoint inWindow) {
+    for (const auto& cell : inSight_) {
+        if (cell->frameInWindow().contains(inWindow)) {
+            selectRow(cell->indexPath_);
+            return;
+        }
+    }
+}
+
+}  // namespace gexlo

@@ -1,0 +1,101 @@
+// Fields that a person types into: one line, or many.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "platform/views/control.h"
+#include "platform/views/font.h"
+#include "platform/views/label.h"
+
+namespace gexlo {
+
+class UITextInput;
+
+/// Whom a field asks and tells.
+class UITextInputDelegate {
+public:
+    virtual ~UITextInputDelegate() = default;
+    /// Whether `length` bytes from `location` may give way to `replacement`.
+    virtual bool shouldChange(UITextInput&, std::size_t /*location*/, std::size_t /*length*/,
+                              std::string_view /*replacement*/) {
+        return true;
+    }
+    /// The return key of a field of one line.
+    virtual void shouldReturn(UITextInput&) {}
+    virtual void didBeginEditing(UITextInput&) {}
+    virtual void didEndEditing(UITextInput&) {}
+};
+
+/// What the two have alike. Text is written at its end; a change by the keyboard is asked of
+/// the delegate and sends `editingChanged`, one by `setText` is neither asked nor told.
+class UITextInput : public UIControl {
+public:
+    using UIControl::UIControl;
+
+    const std::string& text() const { return text_; }
+    void setText(std::string text) { change(text_, std::move(text)); }
+    const std::string& placeholder() const { return placeholder_; }
+    void setPlaceholder(std::string text) { change(placeholder_, std::move(text)); }
+    const UIFont& font() const { return font_; }
+    void setFont(UIFont font) { change(font_, std::move(font)); }
+    const UIColor& textColor() const { return textColor_; }
+    void setTextColor(UIColor color) { change(textColor_, color); }
+    NSTextAlignment textAlignment() const { return textAlignment_; }
+    void setTextAlignment(NSTextAlignment alignment) { change(textAlignment_, alignment); }
+    void setDelegate(std::weak_ptr<UITextInputDelegate> delegate) {
+        delegate_ = std::move(delegate);
+    }
+
+    bool isFirstResponder();
+    /// Takes the focus. Whether it could: a field off the screen or not enabled cannot.
+    bool becomeFirstResponder();
+    void resignFirstResponder();
+
+    /// From the keyboard: whether the delegate let it in.
+    bool insertText(std::string_view text);
+    bool deleteAll();
+    virtual void returnKey() = 0;
+
+    void touchesEnded(CGPoint inWindow) override;
+
+private:
+    friend class UIWindow;
+    bool replace(std::size_t location, std::string_view replacement);
+    void focusChanged(bool hasFocus);
+
+    std::string text_;
+    std::string placeholder_;
+    UIFont font_ = UIFont::systemFontOfSize(15);
+    UIColor textColor_ = UIColor::blackColor();
+    NSTextAlignment textAlignment_ = NSTextAlignment::left;
+    std::weak_ptr<UITextInputDelegate> delegate_;
+
+protected:
+    std::shared_ptr<UITextInputDelegate> delegate() const { return delegate_.lock(); }
+};
+
+class UITextField final : public UITextInput {
+public:
+    using UITextInput::UITextInput;
+    const char* className() const override { return "UITextField"; }
+
+    bool isSecureTextEntry() const { return secureTextEntry_; }
+    void setSecureTextEntry(bool secure) { change(secureTextEntry_, secure); }
+    void returnKey() override;
+
+private:
+    bool secureTextEntry_ = false;
+};
+
+class UITextView final : public UITextInput {
+public:
+    using UITextInput::UITextInput;
+    const char* className() const override { return "UITextView"; }
+
+    void returnKey() override { insertText("\n"); }
+};
+
+}  // namespace gexlo

@@ -1,0 +1,98 @@
+#include "platform/views/window.h"
+
+#include "platform/foundation/device.h"
+#include "platform/foundation/notification_center.h"
+#include "platform/views/screen.h"
+#include "platform/views/text_input.h"
+
+namespace gexlo {
+
+namespace {
+
+struct KeyWindow {
+    std::shared_ptr<UIWindow> window = std::make_shared<UIWindow>();
+};
+
+}  // namespace
+
+UIWindow::UIWindow() : UIView(UIScreen::mainScreen().bounds()) {}
+UIWindow::~UIWindow() = default;
+
+UIWindow& UIWindow::keyWindow() {
+    return *Device::current().singleton<KeyWindow>().window;
+}
+
+UIView* UIWindow::touchDown(CGPoint point) {
+    touchCancel();
+    if (!alerts_.empty()) return nullptr;
+    UIView* hit = hitTest(point);
+    if (!hit) return nullptr;
+    for (UIView* view = hit; view; view = view->superview())
+        path_.push_back(view->shared_from_this());
+    hit->touchesBegan(point);
+    return hit;
+}
+
+UIView* UIWindow::touchUp(CGPoint point) {
+    if (!touched()) return nullptr;
+    const auto path = std::move(path_);
+    path_.clear();
+    UIView& view = *path.front();
+    // A view that has left the screen meanwhile was told so.
+    if (!view.isDescendantOf(*this)) return nullptr;
+    view.touchesEnded(point);
+    return &view;
+}
+
+void UIWindow::touchCancel() {
+    if (!touched()) return;
+    const auto path = std::move(path_);
+    path_.clear();
+    path.front()->touchesCancelled();
+}
+
+bool UIWindow::canReach(const UIView& view) {
+    const CGRect seen = view.visibleRect();
+    if (!alerts_.empty() || seen.width <= 0 || seen.height <= 0) return false;
+    const UIView* hit = hitTest(seen.center());
+    return hit && hit->isDescendantOf(view);
+}
+
+void UIWindow::present(UIAlert alert) {
+    touchCancel();
+    alerts_.push_back(std::move(alert));
+    markChanged();
+}
+
+void UIWindow::answer(std::size_t button, const std::vector<std::string>& texts) {
+    if (alerts_.empty() || button >= alerts_.back().buttons.size()) return;
+    UIAlert alert = std::move(alerts_.back());
+    alerts_.pop_back();
+    markChanged();
+    for (std::size_t i = 0; i < std::min(texts.size(), alert.fields.size()); ++i)
+        alert.fields[i].text = texts[i];
+    if (alert.dismissed) alert.dismissed(button, alert.fields);
+}
+
+void UIWindow::setFirstResponder(UITextInput* input) {
+    if (input == firstResponder_.get()) return;
+    const auto former = std::move(firstResponder_);
+    firstResponder_ =
+        input ? std::static_pointer_cast<UITextInput>(input->shared_from_this()) : nullptr;
+    if (former) former->focusChanged(false);
+    NSNotificationCenter& center = NSNotificationCenter::defaultCenter();
+    if (!former && input) {
+        const double height = Device::current().facts().keyboardHeight;
+        center.postNotificationName(kKeyboardWillShowNotification, {{"height", height}});
+    } else if (former && !input) {
+        center.postNotificationName(kKeyboardWillHideNotification);
+    }
+    if (input) input->focusChanged(true);
+}
+
+void UIWindow::viewWillLeave(UIView& view) {
+    if (firstResponder_ && firstResponder_->isDescendantOf(view)) setFirstResponder(nullptr);
+    if (touched() && touched()->isDescendantOf(view)) touchCancel();
+}
+
+}  // namespace gexlo

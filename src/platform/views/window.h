@@ -1,0 +1,69 @@
+// The root of the view tree, where touches enter, with the alerts that lie over it.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "platform/views/alert.h"
+#include "platform/views/view.h"
+
+namespace gexlo {
+
+class UITextInput;
+
+/// Posted on the default centre when the keyboard comes, with its height in points under
+/// "height", and when it goes.
+inline constexpr const char* kKeyboardWillShowNotification = "UIKeyboardWillShowNotification";
+inline constexpr const char* kKeyboardWillHideNotification = "UIKeyboardWillHideNotification";
+
+/// As large as the screen.
+class UIWindow final : public UIView {
+public:
+    UIWindow();
+    ~UIWindow() override;
+    /// The application's one window, made at first call.
+    static UIWindow& keyWindow();
+
+    const char* className() const override { return "UIWindow"; }
+
+    // MARK: touches
+
+    /// One finger: each returns the view that takes the touch, or null where an alert is up
+    /// or nothing is hit. A second touch before the first has ended cancels the first.
+    UIView* touchDown(CGPoint point);
+    UIView* touchUp(CGPoint point);
+    void touchCancel();
+    /// Whether a finger in the middle of what is seen of a view reaches it or one within.
+    bool canReach(const UIView& view);
+    /// The view that a finger is on, or null.
+    UIView* touched() const { return path_.empty() ? nullptr : path_.front().get(); }
+
+    // MARK: alerts
+
+    void present(UIAlert alert);
+    /// Topmost last.
+    const std::vector<UIAlert>& alerts() const { return alerts_; }
+    /// Takes the topmost alert away, and then tells who presented it. Does nothing for a
+    /// button that it has not.
+    void answer(std::size_t button, const std::vector<std::string>& texts = {});
+
+    // MARK: focus
+
+    /// What the keyboard writes to, or null.
+    UITextInput* firstResponder() const { return firstResponder_.get(); }
+    /// Gives the focus, or with null takes it away; the keyboard follows. The one that had it
+    /// is told first.
+    void setFirstResponder(UITextInput* input);
+
+    /// For a view that is about to leave the window with all under it.
+    void viewWillLeave(UIView& view);
+
+private:
+    std::vector<UIAlert> alerts_;
+    // The touched view and all above it: any of them may be removed by what the touch does.
+    std::vector<std::shared_ptr<UIView>> path_;
+    std::shared_ptr<UITextInput> firstResponder_;
+};
+
+}  // namespace gexlo

@@ -1,0 +1,66 @@
+#include "presentation/grid/blocks.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace gexlo {
+
+namespace {
+
+bool sameDay(const PlacedSlot& left, const PlacedSlot& right) {
+    return left.week == right.week && left.day == right.day;
+}
+
+bool sameRoom(const PlacedSlot& left, const PlacedSlot& right) {
+    return left.room && right.room && *left.room == *right.room;
+}
+
+}  // namespace
+
+bool isBefore(const PlacedSlot& left, const PlacedSlot& right) {
+    return std::tie(left.week, left.day, left.period) <
+           std::tie(right.week, right.day, right.period);
+}
+
+NSInteger PeriodAxis::indexOf(float number) const {
+    const auto found = std::lower_bound(numbers.begin(), numbers.end(), number);
+    return found == numbers.end() || *found != number ? -1 : found - numbers.begin();
+}
+
+float PeriodAxis::number(NSInteger index) const {
+    return index < 0 || index >= count() ? -1 : numbers[static_cast<std::size_t>(index)];
+}
+
+std::optional<std::size_t> placementOn(std::span<const PlacedSlot> placements, NSInteger week,
+                                       NSInteger day, float period) {
+    const auto behind = std::upper_bound(placements.begin(), placements.end(),
+                                         PlacedSlot{week, day, period}, isBefore);
+    if (behind == placements.begin()) return std::nullopt;
+    const PlacedSlot& last = *(behind - 1);
+    if (last.week != week || last.day != day || last.period != period) return std::nullopt;
+    return behind - 1 - placements.begin();
+}
+
+Block blockAt(std::span<const PlacedSlot> placements, std::size_t position, NSInteger row,
+              const PeriodAxis& axis) {
+    const PlacedSlot& own = placements[position];
+    if (row >= 1) {
+        const float before = axis.number(row - 1);
+        for (std::size_t i = position; i > 0; --i) {
+            const PlacedSlot& slot = placements[i - 1];
+            if (!sameDay(slot, own) || slot.period < before) break;
+            if (slot.period == before && sameRoom(slot, own)) return {.covered = true};
+        }
+    }
+    Block block;
+    for (std::size_t i = position + 1; i < placements.size(); ++i) {
+        const PlacedSlot& slot = placements[i];
+        if (!sameDay(slot, own) || slot.period > axis.realLastPeriod) break;
+        const NSInteger next = row + block.count;
+        if (next < axis.count() && slot.period == axis.number(next) && sameRoom(slot, own))
+            ++block.count;
+    }
+    return block;
+}
+
+}  // namespace gexlo

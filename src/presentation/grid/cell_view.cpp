@@ -1,0 +1,383 @@
+#include "presentation/grid/cell_view.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "presentation/notifications.h"
+#include "presentation/style/color_manager.h"
+#include "presentation/ui_manager.h"
+#include "store/data_manager.h"
+
+namespace gexlo {
+
+namespace {
+
+constexpr float kSubjectAlpha = 0.95F;
+constexpr UIColor kRoomBackground = UIColor::colorWithWhite(0, 0.12F);
+
+/// The height and font of the room by the height of a cell with days on top.
+struct RoomRow {
+    double below;
+    double height;
+    double font;
+};
+constexpr RoomRow kRoomRows[] = {{30, 10, 9}, {40, 12, 9}, {70, 16, 10}, {140, 26, 10}};
+constexpr RoomRow kTallRoomRow{0, 40, 10};
+
+const RoomRow& roomRow(double height) {
+    for (const RoomRow& row : kRoomRows) {
+        if (height < row.below) return row;
+    }
+    return kTallRoomRow;
+}
+
+std::shared_ptr<UIView> hiddenMask(const char* identifier, CGRect bounds, UIColor color) {
+    auto mask = std::make_shared<UIView>(bounds);
+    mask->setAccessibilityIdentifier(identifier);
+    mask->setBackgroundColor(color);
+    mask->setHidden(true);
+    mask->setUserInteractionEnabled(false);
+    return mask;
+}
+
+std::shared_ptr<UILabel> cellLabel(const char* identifier) {
+    auto label = std::make_shared<UILabel>();
+    label->setAccessibilityIdentifier(identifier);
+    label->setTextAlignment(NSTextAlignment::center);
+    label->setNumberOfLines(0);
+    label->setFont(UIFont::systemFontOfSize(10));
+    return label;
+}
+
+}  // namespace
+
+Placements sortedPlacements(const std::vector<GXDayNPeriodData*>& rows) {
+    Placements placements;
+    placements.slots.reserve(rows.size());
+    std::vector<std::pair<PlacedSlot, GXDayNPeriodData*>> sorted;
+    sorted.reserve(rows.size());
+    for (GXDayNPeriodData* row : rows) {
+        sorted.emplace_back(PlacedSlot{row->week.get(), row->day.get(), row->period.get(),
+                                       row->room.isSet() ? &row->room.get() : nullptr},
+                            row);
+    }
+    std::stable_sort(sorted.begin(), sorted.end(), [](const auto& left, const auto& right) {
+        return isBefore(left.first, right.first);
+    });
+    placements.rows.reserve(sorted.size());
+    for (const auto& [slot, row] : sorted) {
+        placements.slots.push_back(slot);
+        placements.rows.push_back(row);
+    }
+    return placements;
+}
+
+GXCellView::GXCellView(CGRect frame, const Slot& slot, std::weak_ptr<GXCellViewDelegate> delegate)
+    : UIView(frame),
+      slot_(slot),
+      singleSize_(frame.size()),
+      delegate_(std::move(delegate)),
+      labelSubject_(cellLabel("labelSubject")),
+      labelRoom_(cellLabel("labelRoom")),
+      blackMask_(hiddenMask("blackMask", bounds(), UIColor::darkGrayColor())),
+      whiteMask_(hiddenMask("whiteMask", bounds(), UIColor::colorWithWhite(1, 0.4F))),
+      shadowMask_(hiddenMask("shadowMask", bounds(), UIColor::colorWithWhite(0, 0.5F))),
+      button_(std::make_shared<UIButton>(bounds())) {
+    button_->setAccessibilityIdentifier("button");
+    button_->addActionForAllEvents([this](UIControlEvent event) { buttonEvent(event); });
+    addSubview(labelSubject_);
+    addSubview(labelRoom_);
+    addSubview(blackMask_);
+    addSubview(whiteMask_);
+    addSubview(shadowMask_);
+    addSubview(button_);
+    layOutLabelsSimply();
+}
+
+void GXCellView::setSubjectTextSize(NSInteger setting) {
+    const double size = setting == 15 ? 14 : setting == 5 ? 10 : 12;
+    labelSubject_->setFont(UIFont::systemFontOfSize(size));
+}
+
+void GXCellView::setColor(UIColor color) {
+    const bool isClear = color == UIColor::clearColor();
+    setBackgroundColor(isClear ? color : color.colorWithAlphaComponent(kSubjectAlpha));
+}
+
+void GXCellView::setFontColor(UIColor color) {
+    labelSubject_->setTextColor(color);
+    labelRoom_->setTextColor(color);
+}
+
+void GXCellView::setRoom(const std::string& room) {
+    labelRoom_->setText(room);
+    labelRoom_->setBackgroundColor(room.empty() ? UIColor::clearColor() : kRoomBackground);
+}
+
+// MARK: sizes
+
+void GXCellView::setSize(CGSize size) {
+    setFrame({frame().x, frame().y, size.width, size.height});
+    for (UIView* over : {blackMask_.get(), whiteMask_.get(), shadowMask_.get(),
+                         static_cast<UIView*>(button_.get())}) {
+        over->setFrame(bounds());
+    }
+}
+
+void GXCellView::layOutLabels(double roomHeight) {
+    const CGSize size = frame().size();
+    labelSubject_->setFrame({0, 0, size.width, size.height - roomHeight});
+    labelRoom_->setFrame({0, size.height - roomHeight, size.width, roomHeight});
+}
+
+void GXCellView::layOutLabelsSimply() {
+    layOutLabels(frame().height < 60 ? 13 : 24);
+}
+
+void GXCellView::sizeUpdate() {
+    const double height = frame().height;
+    if (room().empty()) {
+        labelSubject_->setFrame(bounds());
+        labelRoom_->setFrame({});
+        labelRoom_->setFont(UIFont::systemFontOfSize(10));
+    } else if (slot_.daysOnLeft) {
+        layOutLabels(height < 50 ? 15 : 30 - 2 * slot_.numDays);
+    } else {
+        const RoomRow& row = roomRow(height);
+        layOutLabels(row.height);
+        labelRoom_->setFont(UIFont::systemFontOfSize(row.font));
+    }
+}
+
+void GXCellView::setBlocks(int blocks) {
+    numBlocks_ = blocks;
+    CGSize size = singleSize_;
+    double& along = slot_.daysOnLeft ? size.width : size.height;
+    along = (along + 1) * blocks - 1;
+    setSize(size);
+    sizeUpdate();
+    hideLines(true);
+}
+
+void GXCellView::hideLines(bool hide) {
+    if (numBlocks_ < 2) return;
+    const auto grid = delegate_.lock();
+    if (!grid) return;
+    for (int k = 1; k < numBlocks_; ++k)
+        grid->hideLine_day_period(hide, slot_.day, slot_.periodIndex + k);
+}
+
+// MARK: showing a subject
+
+void GXCellView::setLesson_withClasstimeList(GXLessonData& lesson, const Placements& placements) {
+    const auto position = placementOn(placements.slots, slot_.week, slot_.day, slot_.periodNo);
+    if (position) show(lesson, placements, *position);
+}
+
+void GXCellView::show(GXLessonData& lesson, const Placements& placements, std::size_t position) {
+    const auto grid = delegate_.lock();
+    if (!grid) return;
+    lesson_ = &lesson;
+    dayNPeriod_ = placements.rows[position];
+    state_ = State::normal;
+    setRoom(dayNPeriod_->room.get());
+    const Block block = blockAt(placements.slots, position, slot_.periodIndex, grid->periodAxis());
+    hiddenCell_ = block.covered;
+    setHidden(block.covered);
+    if (block.covered) {
+        numBlocks_ = 1;
+        // A covered placement never keeps an alarm.
+        if (dayNPeriod_->alarmValue.get() != 0) {
+            GXDataManager::manager().clearAlarmInClass(*dayNPeriod_);
+        }
+        return;
+    }
+    paint();
+    setBlocks(block.count);
+}
+
+void GXCellView::paint() {
+    const GXColorManager& colors = GXColorManager::colorManager();
+    setColor(colors.colorWithName(lesson_->color.get()));
+    labelSubject_->setText(lesson_->name.get());
+    setFontColor(colors.fontColorWithName(lesson_->fontColor.get()));
+    setRoom(dayNPeriod_->room.get());
+}
+
+void GXCellView::clearLooks() {
+    setColor(UIColor::clearColor());
+    labelSubject_->setText("");
+    setRoom("");
+}
+
+void GXCellView::copyLooksFrom(const GXCellView& other) {
+    lesson_ = other.lesson_;
+    dayNPeriod_ = other.dayNPeriod_;
+    paint();
+    setBlocks(other.numBlocks_);
+}
+
+void GXCellView::setLessonsWithData(GXLessonData& lesson, const Placements& placements) {
+    if (!lesson_) setLesson_withClasstimeList(lesson, placements);
+}
+
+// MARK: add and edit
+
+void GXCellView::beginAddMode() {
+    if (lesson_) blackMask_->setHidden(false);
+    state_ = lesson_ ? State::locked : State::normal;
+    whiteMask_->setHidden(true);
+}
+
+void GXCellView::cancelAddMode() {
+    if (state_ == State::locked) blackMask_->setHidden(true);
+    if (state_ == State::selected) {
+        setColor(UIColor::clearColor());
+        setRoom("");
+    }
+    state_ = State::normal;
+}
+
+void GXCellView::finishAddMode(GXLessonData& lesson, const Placements& placements) {
+    if (state_ == State::locked) {
+        blackMask_->setHidden(true);
+        state_ = State::normal;
+    } else if (state_ == State::selected) {
+        setLesson_withClasstimeList(lesson, placements);
+    } else {
+        lesson_ = nullptr;
+        dayNPeriod_ = nullptr;
+    }
+}
+
+void GXCellView::beginEditMode(const GXLessonData& lesson) {
+    whiteMask_->setHidden(true);
+    if (!lesson_) {
+        state_ = State::normal;
+    } else if (lesson_ != &lesson) {
+        blackMask_->setHidden(false);
+        state_ = State::locked;
+    } else {
+        // Each placement of a block can be toggled alone.
+        setSize(singleSize_);
+        paint();
+        labelSubject_->setText("");
+        layOutLabelsSimply();
+        blackMask_->setHidden(true);
+        state_ = State::selected;
+        setHidden(false);
+        hideLines(false);
+        GXUIManager::manager().addSelectedCell(
+            std::static_pointer_cast<GXCellView>(shared_from_this()));
+    }
+}
+
+void GXCellView::cancelEditMode() {
+    if (state_ == State::locked) {
+        blackMask_->setHidden(true);
+    } else if (!lesson_) {
+        clearLooks();
+    } else if (hiddenCell_) {
+        setHidden(true);
+    } else {
+        paint();
+        setBlocks(numBlocks_);
+    }
+    state_ = State::normal;
+}
+
+void GXCellView::finishEditMode(GXLessonData& lesson, const Placements& placements) {
+    if (state_ == State::locked) {
+        blackMask_->setHidden(true);
+        state_ = State::normal;
+    } else if (state_ == State::selected) {
+        setLesson_withClasstimeList(lesson, placements);
+    } else {
+        lesson_ = nullptr;
+        dayNPeriod_ = nullptr;
+        numBlocks_ = 0;
+    }
+}
+
+// MARK: removal
+
+void GXCellView::removeLesson(const GXLessonData& lesson) {
+    if (lesson_ == &lesson) removeAllLessons();
+}
+
+void GXCellView::removeAllLessons() {
+    if (!lesson_) return;
+    lesson_ = nullptr;
+    dayNPeriod_ = nullptr;
+    setSize(singleSize_);
+    clearLooks();
+    layOutLabelsSimply();
+    hideLines(false);
+    blackMask_->setHidden(true);
+    state_ = State::normal;
+    setHidden(false);
+    numBlocks_ = 0;
+}
+
+// MARK: the panel of a subject
+
+void GXCellView::openLessonInfo(const GXLessonData& lesson) {
+    whiteMask_->setHidden(lesson_ != &lesson);
+}
+
+void GXCellView::closeLessonInfo() {
+    whiteMask_->setHidden(true);
+}
+
+// MARK: touches
+
+void GXCellView::buttonEvent(UIControlEvent event) {
+    const bool isNormal = GXUIManager::manager().appState() == AppState::normal;
+    switch (event) {
+        case UIControlEvent::touchDown:
+            if (isNormal && lesson_) shadowMask_->setHidden(false);
+            break;
+        case UIControlEvent::touchUpInside:
+            shadowMask_->setHidden(true);
+            buttonTouchUp();
+            break;
+        default:
+            shadowMask_->setHidden(true);
+    }
+}
+
+void GXCellView::buttonTouchUp() {
+    if (GXUIManager::manager().appState() != AppState::normal) {
+        if (state_ == State::selected) return deselect();
+        if (state_ == State::normal) return select();
+        return;
+    }
+    if (!lesson_) return;
+    const CGPoint center = frame().center();
+    NSNotificationCenter::defaultCenter().postNotificationName(
+        GX_NOTI_LESSON_INFO_OPEN,
+        {{user_info::kLessonData, lesson_},
+         {user_info::kClasstime, dayNPeriod_},
+         {user_info::kPositionX, static_cast<int>(center.x)},
+         {user_info::kPositionY, static_cast<int>(center.y)},
+         {user_info::kWeekNo, slot_.week},
+         {user_info::kLessonCell, std::static_pointer_cast<GXCellView>(shared_from_this())}});
+}
+
+void GXCellView::select() {
+    GXUIManager& manager = GXUIManager::manager();
+    setColor(manager.selectedColor());
+    setFontColor(manager.selectedFontColor());
+    setRoom(manager.selectedRoom());
+    state_ = State::selected;
+    manager.addSelectedCell(std::static_pointer_cast<GXCellView>(shared_from_this()));
+}
+
+void GXCellView::deselect() {
+    setColor(UIColor::clearColor());
+    setRoom("");
+    state_ = State::normal;
+    GXUIManager::manager().removeSelectedCell(*this);
+}
+
+}  // namespace gexlo

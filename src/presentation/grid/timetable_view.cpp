@@ -1,0 +1,238 @@
+#include "presentation/grid/timetable_view.h"
+
+#include <algorithm>
+
+#include "platform/foundation/string_format.h"
+#include "presentation/notifications.h"
+#include "time/periods_controller.h"
+
+namespace gexlo {
+
+namespace {
+
+/// The day stands in the hundreds and the period before it, so that with more than a hundred
+/// rows two lines share a tag and hide together.
+NSInteger segmentTag(int day, NSInteger period) {
+    return period + 100 * NSInteger{day};
+}
+
+GXLessonData* lessonOf(const NSNotification& notification) {
+    return std::any_cast<GXLessonData*>(notification.userInfo.find(user_info::kLessonData)->second);
+}
+
+const Placements& classtimesOf(const NSNotification& notification) {
+    return *std::any_cast<Placements>(&notification.userInfo.find(user_info::kClasstimes)->second);
+}
+
+std::shared_ptr<UIView> layer(const char* identifier) {
+    auto view = std::make_shared<UIView>();
+    view->setAccessibilityIdentifier(identifier);
+    return view;
+}
+
+}  // namespace
+
+GXTimetableView::GXTimetableView(int weekNo)
+    : weekNo_(weekNo),
+      borderView_(layer("borderView")),
+      periodsView_(std::make_shared<GXPeriodsView>(weekNo)),
+      cellBaseView_(layer("cellBaseView")) {
+    periodsView_->setAccessibilityIdentifier("periodsView");
+    addSubview(borderView_);
+    addSubview(periodsView_);
+    addSubview(cellBaseView_);
+    observe();
+}
+
+void GXTimetableView::observe() {
+    using Handler = std::function<void(const NSNotification&)>;
+    const auto everyCell = [this](auto handle) -> Handler {
+        return [this, handle](const NSNotification& notification) {
+            for (const auto& cell : classCells_)
+                handle(*cell, notification);
+        };
+    };
+    const auto forEveryCell = [&](void (GXCellView::*handler)()) {
+        return everyCell([handler](GXCellView& cell, const auto&) { (cell.*handler)(); });
+    };
+    const auto withLesson = [&](void (GXCellView::*handler)(const GXLessonData&)) {
+        return everyCell([handler](GXCellView& cell, const NSNotification& notification) {
+            (cell.*handler)(*lessonOf(notification));
+        });
+    };
+    const auto withPlacements = [&](void (GXCellView::*handler)(GXLessonData&, const Placements&)) {
+        return everyCell([handler](GXCellView& cell, const NSNotification& notification) {
+            (cell.*handler)(*lessonOf(notification), classtimesOf(notification));
+        });
+    };
+    const std::pair<const char*, Handler> handlers[] = {
+        {GX_NOTI_SET_LESSONS,
+         [this](const NSNotification& notification) {
+             GXLessonData& lesson = *lessonOf(notification);
+             const Placements& placements = classtimesOf(notification);
+             forEachCellOn(placements,
+                           [&](GXCellView& cell) { cell.setLessonsWithData(lesson, placements); });
+         }},
+        {GX_NOTI_BEGIN_ADD_LESSON, forEveryCell(&GXCellView::beginAddMode)},
+        {GX_NOTI_CANCEL_ADD_LESSON, forEveryCell(&GXCellView::cancelAddMode)},
+        {GX_NOTI_FINISH_ADD_NEW_LESSON, withPlacements(&GXCellView::finishAddMode)},
+        {GX_NOTI_BEGIN_EDIT_LESSON, withLesson(&GXCellView::beginEditMode)},
+        {GX_NOTI_CANCEL_EDIT_LESSON, forEveryCell(&GXCellView::cancelEditMode)},
+        {GX_NOTI_FINISH_EDIT_LESSON, withPlacements(&GXCellView::finishEditMode)},
+        {GX_NOTI_REMOVE_LESSON, withLesson(&GXCellView::removeLesson)},
+        {GX_NOTI_REMOVE_ALL_LESSONS, forEveryCell(&GXCellView::removeAllLessons)},
+        {GX_NOTI_LESSON_INFO_OPEN, withLesson(&GXCellView::openLessonInfo)},
+        {GX_NOTI_LESSON_INFO_CLOSE, forEveryCell(&GXCellView::closeLessonInfo)},
+    };
+    for (const auto& [name, handler] : handlers) {
+        tokens_.push_back(NSNotificationCenter::defaultCenter().addObserver(name, handler));
+    }
+}
+
+void GXTimetableView::update(const GridGeometry& grid, const GridLooks& looks,
+                             const GXPeriodsController& periods) {
+    grid_ = grid;
+    looks_ = looks;
+    axis_.numbers.clear();
+    for (const GXPeriod* period : periods.periodList(0))
+        axis_.numbers.push_back(period->periodNo);
+    axis_.realLastPeriod = periods.realLastPeriod();
+    setFrame(grid.gridRect(weekNo_));
+    setBorder(periods);
+    setPeriods(periods);
+    setLessonCells(periods);
+    borderView_->setBackgroundColor(looks.background);
+}
+
+void GXTimetableView::addLine(CGRect frame, NSInteger tag, UIColor color) {
+    auto line = std::make_shared<UIView>(frame);
+    line->setTag(tag);
+    line->setBackgroundColor(color);
+    line->setUserInteractionEnabled(false);
+    if (tag != kDayLineTag) segments_.emplace_back(tag, line.get());
+    borderView_->addSubview(std::move(line));
+}
+
+void GXTimetableView::setBorder(const GXPeriodsController& periods) {
+    segments_.clear();
+    borderView_->removeAllSubviews();
+    borderView_->setFrame(grid_.borderRect());
+    const auto segmentColor = [&](int period) {
+        if (!looks_.useHalfPeriods || period == grid_.numPeriods) return looks_.border;
+        const GXPeriod& behind = *periods.period_week(period, 0);
+        return behind.isHalf || behind.isBreak ? looks_.borderHalf : looks_.border;
+    };
+    for (int number = 1; number <= grid_.numDays; ++number) {
+        addLine(grid_.dayLineRect(number), kDayLineTag, looks_.border);
+        const int day = grid_.dayAt(number - 1);
+        for (int period = 1; period <= grid_.numPeriods; ++period) {
+            addLine(grid_.periodSegmentRect(number, period), segmentTag(day, period),
+                    segmentColor(period));
+        }
+    }
+    std::stable_sort(segments_.begin(), segments_.end(),
+                     [](const auto& left, const auto& right) { return left.first < right.first; });
+}
+
+void GXTimetableView::hideLine_day_period(bool hide, int day, NSInteger row) {
+    const NSInteger tag = segmentTag(day, row);
+    const auto first = std::lower_bound(
+        segments_.begin(), segments_.end(), tag,
+        [](const auto& segment, NSInteger wanted) { return segment.first < wanted; });
+    for (auto segment = first; segment != segments_.end() && segment->first == tag; ++segment)
+        segment->second->setHidden(hide);
+}
+
+void GXTimetableView::setPeriods(const GXPeriodsController& periods) {
+    periodsView_->update(grid_, periods,
+                         {.background = looks_.periodsBackground,
+                          .font = looks_.periodsFont,
+                          .border = looks_.border,
+                          .showClasshours = looks_.showClasstimes,
+                          .useSameClasshours = looks_.useSameClasshours});
+}
+
+std::shared_ptr<GXCellView> GXTimetableView::newCell(int index, int day, NSInteger period) {
+    const GXCellView::Slot slot{.week = weekNo_,
+                                .day = day,
+                                .periodIndex = period,
+                                .periodNo = axis_.number(period),
+                                .numDays = grid_.numDays,
+                                .daysOnLeft = grid_.daysOnLeft};
+    auto cell =
+        std::make_shared<GXCellView>(grid_.cellRect(index, static_cast<int>(period)), slot,
+                                     std::static_pointer_cast<GXTimetableView>(shared_from_this()));
+    cell->setAccessibilityIdentifier(stringWithFormat("cell_%d_%d_%ld", weekNo_, day, period));
+    cell->setSubjectTextSize(looks_.subjectTextSize);
+    return cell;
+}
+
+void GXTimetableView::setLessonCells(const GXPeriodsController& periods) {
+    clearLessonCells();
+    cellBaseView_->setFrame(grid_.cellBaseRect());
+    const NSInteger rows = periods.numPeriods();
+    classCells_.reserve(static_cast<std::size_t>(grid_.numDays * rows));
+    for (int index = 0; index < grid_.numDays; ++index) {
+        for (NSInteger period = 0; period < rows; ++period) {
+            classCells_.push_back(newCell(index, grid_.dayAt(index), period));
+            cellBaseView_->addSubview(classCells_.back());
+        }
+    }
+}
+
+void GXTimetableView::clearLessonCells() {
+    classCells_.clear();
+    cellBaseView_->removeAllSubviews();
+}
+
+template <typename Visit>
+void GXTimetableView::forEachCellOn(const Placements& placements, Visit visit) {
+    const NSInteger rows = axis_.count();
+    for (const PlacedSlot& slot : placements.slots) {
+        const NSInteger row = slot.week == weekNo_ ? axis_.indexOf(slot.period) : -1;
+        if (row < 0) continue;
+        for (int index = 0; index < grid_.numDays; ++index) {
+            if (grid_.dayAt(index) == slot.day) {
+                visit(*classCells_[static_cast<std::size_t>(index * rows + row)]);
+            }
+        }
+    }
+}
+
+void GXTimetableView::updateImageModeFromTimetable(const GXTimetableView& other,
+                                                   const GXPeriodsController& periods) {
+    grid_ = imageGeometry(other.grid_);
+    looks_ = other.looks_;
+    axis_ = other.axis_;
+    setFrame({0, 0, static_cast<double>(grid_.tableWidth), static_cast<double>(grid_.tableHeight)});
+    setBorder(periods);
+    setPeriods(periods);
+    borderView_->setBackgroundColor(looks_.background);
+    setLessonCellsFromCells(other.classCells_);
+}
+
+void GXTimetableView::setLessonCellsFromCells(std::span<const std::shared_ptr<GXCellView>> cells) {
+    clearLessonCells();
+    cellBaseView_->setFrame(grid_.cellBaseRect());
+    const NSInteger rows = axis_.count();
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        const GXCellView& shown = *cells[i];
+        if (shown.numBlocks() < 1 || shown.isHidden()) continue;
+        const auto index = static_cast<int>(static_cast<NSInteger>(i) / rows);
+        auto cell = newCell(index, shown.slot().day, shown.slot().periodIndex);
+        cellBaseView_->addSubview(cell);
+        classCells_.push_back(cell);
+        cell->copyLooksFrom(shown);
+    }
+}
+
+void GXTimetableView::setBorderColor(UIColor color) {
+    looks_.border = color;
+    for (const UIView* strip : {static_cast<UIView*>(periodsView_.get()), borderView_.get()}) {
+        for (const auto& line : strip->subviews()) {
+            if (line->tag() == kRepaintedTag) line->setBackgroundColor(color);
+        }
+    }
+}
+
+}  // namespace gexlo

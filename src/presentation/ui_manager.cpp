@@ -1,0 +1,86 @@
+#include "presentation/ui_manager.h"
+
+#include <algorithm>
+
+#include "platform/foundation/device.h"
+#include "platform/foundation/notification_center.h"
+#include "platform/views/screen.h"
+#include "presentation/grid/cell_view.h"
+#include "presentation/main_screen.h"
+#include "presentation/notifications.h"
+#include "presentation/panels/subject_list_view.h"
+#include "time/periods_controller.h"
+
+namespace gexlo {
+
+GXUIManager& GXUIManager::manager() {
+    return Device::current().singleton<GXUIManager>();
+}
+
+GXUIManager::GXUIManager() {
+    constexpr std::size_t usualSelection = 20;
+    selectedCells_.reserve(usualSelection);
+    const CGRect frame = UIScreen::mainScreen().applicationFrame();
+    screen_ = screenFacts(static_cast<float>(frame.width), static_cast<float>(frame.height),
+                          static_cast<float>(frame.y));
+}
+
+GXUIManager::~GXUIManager() = default;
+
+void GXUIManager::setPeriods(std::unique_ptr<GXPeriodsController> periods) {
+    periods_ = std::move(periods);
+}
+
+void GXUIManager::addSelectedCell(std::shared_ptr<GXCellView> cell) {
+    selectedCells_.push_back(std::move(cell));
+}
+
+void GXUIManager::removeSelectedCell(const GXCellView& cell) {
+    std::erase_if(selectedCells_, [&](const auto& selected) { return selected.get() == &cell; });
+}
+
+void GXUIManager::resetSelectedCells() {
+    selectedCells_.clear();
+}
+
+void GXUIManager::lockMenu(bool locked) {
+    if (mainView_) mainView_->lockMenu(locked);
+}
+
+void GXUIManager::openAddLessonView() {
+    lockMenu(true);
+    stateAddLessonMode();
+    resetSelectedCells();
+    if (mainView_) mainView_->openAddMode();
+    NSNotificationCenter::defaultCenter().postNotificationName(GX_NOTI_BEGIN_ADD_LESSON);
+}
+
+void GXUIManager::openEditLessonView(GXLessonData* lesson) {
+    if (!lesson) return;
+    lockMenu(true);
+    stateEditLessonMode();
+    resetSelectedCells();
+    if (mainView_) mainView_->openEditMode(*lesson);
+    NSNotificationCenter::defaultCenter().postNotificationName(GX_NOTI_BEGIN_EDIT_LESSON,
+                                                               {{user_info::kLessonData, lesson}});
+}
+
+void GXUIManager::openLessonSelector() {
+    if (!mainView_) return;
+    lockMenu(true);
+    const auto list = std::make_shared<SubjectListView>();
+    mainView_->addPanel(list);
+    list->show();
+    NSNotificationCenter::defaultCenter().postNotificationName(GX_NOTI_LESSON_INFO_CLOSE);
+}
+
+void GXUIManager::showClassHour_periodName(const std::string& classHour,
+                                           const std::string& periodName) {
+    if (mainView_) mainView_->showClassHour_periodName(classHour, periodName);
+}
+
+void GXUIManager::hideClassHour() {
+    if (mainView_) mainView_->hideClassHour();
+}
+
+}  // namespace gexlo

@@ -1,0 +1,106 @@
+// The one door to the main screen, with the state that its pieces share.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/foundation/types.h"
+#include "platform/views/color.h"
+#include "presentation/screen_facts.h"
+
+namespace gexlo {
+
+class GXCellView;
+class GXLessonData;
+class GXPeriodsController;
+class MainScreen;
+
+/// What a tap on a cell means.
+enum class AppState : std::uint8_t {
+    normal = 1,  ///< opens the information of its subject
+    addLesson = 2,
+    editLesson = 3,
+};
+
+class GXUIManager {
+public:
+    static GXUIManager& manager();
+    GXUIManager();
+    ~GXUIManager();
+
+    // MARK: the screen, as it was at creation; points
+
+    const ScreenFacts& screen() const { return screen_; }
+    float statusBarHeight() const { return screen_.statusBarHeight; }
+    float screenHeight() const { return screen_.screenHeight; }
+    float screenWidth() const { return screen_.screenWidth; }
+    float bottomViewHeight() const { return screen_.bottomViewHeight; }
+    float contentFullHeight() const { return screen_.contentFullHeight; }
+    float contentSmallHeight() const { return screen_.contentSmallHeight; }
+    bool isTallerScreen() const { return screen_.isTallerScreen; }
+
+    // MARK: of the timetable on screen
+
+    NSInteger numDays() const { return numDays_; }
+    void setNumDays(NSInteger days) { numDays_ = days; }
+    bool useSameClasshours() const { return useSameClasshours_; }
+    void setUseSameClasshours(bool same) { useSameClasshours_ = same; }
+    bool daysToNumbers() const { return daysToNumbers_; }
+    void setDaysToNumbers(bool numbers) { daysToNumbers_ = numbers; }
+    /// Null before the first timetable.
+    GXPeriodsController* periods() const { return periods_.get(); }
+    void setPeriods(std::unique_ptr<GXPeriodsController> periods);
+
+    // MARK: add and edit
+
+    AppState appState() const { return appState_; }
+    void stateNormal() { appState_ = AppState::normal; }
+    void stateAddLessonMode() { appState_ = AppState::addLesson; }
+    void stateEditLessonMode() { appState_ = AppState::editLesson; }
+
+    const std::vector<std::shared_ptr<GXCellView>>& selectedCells() const { return selectedCells_; }
+    void addSelectedCell(std::shared_ptr<GXCellView> cell);
+    void removeSelectedCell(const GXCellView& cell);
+    void resetSelectedCells();
+
+    // What a newly selected cell takes.
+    UIColor selectedColor() const { return selectedColor_; }
+    void setSelectedColor(UIColor color) { selectedColor_ = color; }
+    UIColor selectedFontColor() const { return selectedFontColor_; }
+    void setSelectedFontColor(UIColor color) { selectedFontColor_ = color; }
+    const std::string& selectedRoom() const { return selectedRoom_; }
+    void setSelectedRoom(std::string room) { selectedRoom_ = std::move(room); }
+
+    bool scrolling() const { return scrolling_; }
+    void setScrolling(bool scrolling) { scrolling_ = scrolling; }
+
+    // MARK: the main screen, for everyone else; nothing happens before there is one
+
+    void setMainView(MainScreen* screen) { mainView_ = screen; }
+    MainScreen* mainView() const { return mainView_; }
+    void lockMenu(bool locked);
+    void openAddLessonView();
+    /// Nothing happens without a subject.
+    void openEditLessonView(GXLessonData* lesson);
+    /// The list of the timetable's subjects.
+    void openLessonSelector();
+    void showClassHour_periodName(const std::string& classHour, const std::string& periodName);
+    void hideClassHour();
+
+private:
+    ScreenFacts screen_;
+    NSInteger numDays_ = 0;
+    bool useSameClasshours_ = false;
+    bool daysToNumbers_ = false;
+    bool scrolling_ = false;
+    AppState appState_ = AppState::normal;
+    std::unique_ptr<GXPeriodsController> periods_;
+    std::vector<std::shared_ptr<GXCellView>> selectedCells_;
+    UIColor selectedColor_;
+    UIColor selectedFontColor_;
+    std::string selectedRoom_;
+    MainScreen* mainView_ = nullptr;
+};
+
+}  // namespace gexlo
