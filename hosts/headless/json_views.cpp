@@ -28,7 +28,7 @@ json jsonFromRect(const CGRect& rect) {
 }
 
 json jsonFromFont(const UIFont& font) {
-    return {font.family, font.size, font.bold};
+    return {std::string(font.family), font.size, font.bold};
 }
 
 const char* nameOf(NSTextAlignment alignment) {

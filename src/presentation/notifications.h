@@ -22,7 +22,7 @@ inline constexpr const char* GX_NOTI_UPDATE_SCHEDULE_ICON = "GX_NOTI_UPDATE_SCHE
 namespace user_info {
 
 inline constexpr const char* kLessonData = "lessonData";  ///< GXLessonData*
-inline constexpr const char* kClasstimes = "classtimes";  ///< Placements, sorted
+inline constexpr const char* kClasstimes = "classtimes";  ///< SharedPlacements
 inline constexpr const char* kClasstime = "classtime";    ///< GXDayNPeriodData*
 inline constexpr const char* kPositionX = "positionX";    ///< int, points
 inline constexpr const char* kPositionY = "positionY";    ///< int, points

@@ -15,7 +15,7 @@ GXAppLocal::GXAppLocal() : region_(NSLocale::currentLocale().countryCode()) {
     NSLog("language : %@, region : %@", language_, region_);
 }
 
-UIFont GXAppLocal::localBoldFontWithSize(double size) const {
+UIFont GXAppLocal::localBoldFontWithSize(float size) const {
     if (isKorean()) return UIFont::fontWithName_size("NanumGothicOTFBold", size);
     return UIFont::boldSystemFontOfSize(size);
 }

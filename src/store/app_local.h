@@ -29,7 +29,7 @@ public:
     bool isPhilippines() const { return region_ == "PH"; }
 
     /// The bundled face for Korean, the bold system font for every other language.
-    UIFont localBoldFontWithSize(double size) const;
+    UIFont localBoldFontWithSize(float size) const;
 
 private:
     std::string language_;

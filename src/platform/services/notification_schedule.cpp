@@ -68,7 +68,8 @@ UILocalNotification notificationFrom(const NSDictionary& dictionary) {
     note.alertAction = field(dictionary, "alertAction").stringValue();
     note.soundName = field(dictionary, "soundName").stringValue();
     note.repeatInterval = field(dictionary, "repeatInterval").integerValue();
-    if (const auto* info = field(dictionary, "userInfo").as<NSDictionary>()) note.userInfo = *info;
+    const Object info = field(dictionary, "userInfo");
+    if (const auto* userInfo = info.as<NSDictionary>()) note.userInfo = *userInfo;
     return note;
 }
 

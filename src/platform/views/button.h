@@ -17,9 +17,9 @@ public:
     const char* className() const override { return "UIButton"; }
 
     const std::string& title() const { return title_; }
-    void setTitle(std::string title) { change(title_, std::move(title)); }
+    void setTitle(std::string_view title) { changeText(title_, title); }
     const UIFont& font() const { return font_; }
-    void setFont(UIFont font) { change(font_, std::move(font)); }
+    void setFont(UIFont font) { change(font_, font); }
     const UIColor& titleColor() const { return titleColor_; }
     void setTitleColor(UIColor color) { change(titleColor_, color); }
     const UIImage& image() const { return image_; }

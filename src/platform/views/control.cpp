@@ -3,21 +3,15 @@
 namespace gexlo {
 
 void UIControl::addAction(UIControlEvent event, std::function<void()> action) {
-    actions_.push_back([event, action = std::move(action)](UIControlEvent sent) {
-        if (sent == event) action();
-    });
-}
-
-void UIControl::addActionForAllEvents(std::function<void(UIControlEvent)> action) {
-    actions_.push_back(std::move(action));
+    actions_.emplace_back(event, std::move(action));
 }
 
 void UIControl::sendActions(UIControlEvent event) {
     // An action may take the control off the screen, or add another.
     const std::shared_ptr<UIView> self = weak_from_this().lock();
     for (std::size_t i = 0; i < actions_.size(); ++i) {
-        const auto action = actions_[i];
-        action(event);
+        const auto [wanted, action] = actions_[i];
+        if (wanted == event) action();
     }
 }
 

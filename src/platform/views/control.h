@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "platform/views/view.h"
@@ -34,9 +35,7 @@ public:
 
     /// Calls `action` at each event from now on, after those that came before it.
     void addAction(UIControlEvent event, std::function<void()> action);
-    /// The same for every event, told which it is.
-    void addActionForAllEvents(std::function<void(UIControlEvent)> action);
-    void sendActions(UIControlEvent event);
+    virtual void sendActions(UIControlEvent event);
 
     /// A control that is not enabled swallows touches and tells nobody.
     void touchesBegan(CGPoint inWindow) override;
@@ -44,7 +43,7 @@ public:
     void touchesCancelled() override;
 
 private:
-    std::vector<std::function<void(UIControlEvent)>> actions_;
+    std::vector<std::pair<UIControlEvent, std::function<void()>>> actions_;
     bool enabled_ = true;
     bool selected_ = false;
     bool highlighted_ = false;

@@ -1,20 +1,21 @@
 // A font as the system names it.
 #pragma once
 
-#include <string>
+#include <string_view>
 
 namespace gexlo {
 
 struct UIFont {
-    std::string family;  ///< "" is the system font
-    double size = 0;     ///< points
+    /// A literal, so that a font is copied as it stands; "" is the system font.
+    std::string_view family;
+    float size = 0;  ///< points
     bool bold = false;
 
-    static UIFont fontWithName_size(std::string name, double size) {
-        return {std::move(name), size, false};
+    static constexpr UIFont fontWithName_size(std::string_view literal, float size) {
+        return {literal, size, false};
     }
-    static UIFont systemFontOfSize(double size) { return {"", size, false}; }
-    static UIFont boldSystemFontOfSize(double size) { return {"", size, true}; }
+    static constexpr UIFont systemFontOfSize(float size) { return {"", size, false}; }
+    static constexpr UIFont boldSystemFontOfSize(float size) { return {"", size, true}; }
 
     bool operator==(const UIFont&) const = default;
 };

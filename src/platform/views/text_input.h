@@ -36,11 +36,11 @@ public:
     using UIControl::UIControl;
 
     const std::string& text() const { return text_; }
-    void setText(std::string text) { change(text_, std::move(text)); }
+    void setText(std::string_view text) { changeText(text_, text); }
     const std::string& placeholder() const { return placeholder_; }
-    void setPlaceholder(std::string text) { change(placeholder_, std::move(text)); }
+    void setPlaceholder(std::string_view text) { changeText(placeholder_, text); }
     const UIFont& font() const { return font_; }
-    void setFont(UIFont font) { change(font_, std::move(font)); }
+    void setFont(UIFont font) { change(font_, font); }
     const UIColor& textColor() const { return textColor_; }
     void setTextColor(UIColor color) { change(textColor_, color); }
     NSTextAlignment textAlignment() const { return textAlignment_; }

@@ -31,7 +31,9 @@ struct Stroke {
 class UIView : public std::enable_shared_from_this<UIView> {
 public:
     UIView() = default;
-    explicit UIView(CGRect frame) : frame_(frame) {}
+    explicit UIView(CGRect frame, std::size_t expectedSubviews = 0) : frame_(frame) {
+        subviews_.reserve(expectedSubviews);
+    }
     virtual ~UIView();
     UIView(const UIView&) = delete;
     UIView& operator=(const UIView&) = delete;
@@ -42,6 +44,16 @@ public:
 
     /// Puts the view on top of the others; it leaves its former parent.
     void addSubview(std::shared_ptr<UIView> view);
+    /// Makes a view and puts it on top; it lives as long as it stays.
+    template <typename View, typename... Arguments>
+    View& add(Arguments&&... arguments) {
+        auto view = std::make_shared<View>(std::forward<Arguments>(arguments)...);
+        View& added = *view;
+        addSubview(std::move(view));
+        return added;
+    }
+    /// Makes room for as many in all.
+    void reserveSubviews(std::size_t count) { subviews_.reserve(count); }
     void insertSubview_atIndex(std::shared_ptr<UIView> view, std::size_t index);
     void removeFromSuperview();
     void removeAllSubviews();
@@ -81,12 +93,10 @@ public:
     NSInteger tag() const { return tag_; }
     void setTag(NSInteger tag) { tag_ = tag; }
     const std::string& accessibilityIdentifier() const { return accessibilityIdentifier_; }
-    void setAccessibilityIdentifier(std::string name) {
-        accessibilityIdentifier_ = std::move(name);
-    }
+    void setAccessibilityIdentifier(std::string_view name) { accessibilityIdentifier_ = name; }
     /// What is spoken of a view that shows no text.
     const std::string& accessibilityLabel() const { return accessibilityLabel_; }
-    void setAccessibilityLabel(std::string label) { change(accessibilityLabel_, std::move(label)); }
+    void setAccessibilityLabel(std::string_view label) { changeText(accessibilityLabel_, label); }
     /// The first view with the tag among this one and those under it, or null.
     UIView* viewWithTag(NSInteger tag);
 
@@ -132,6 +142,12 @@ protected:
     void change(T& field, T value) {
         if (field == value) return;
         field = std::move(value);
+        markChanged();
+    }
+    /// The same without a copy where nothing changes.
+    void changeText(std::string& field, std::string_view text) {
+        if (field == text) return;
+        field = text;
         markChanged();
     }
     void markChanged();

@@ -1,7 +1,7 @@
 #include "presentation/grid/blocks.h"
 
 #include <algorithm>
-#include <tuple>
+#include <cmath>
 
 namespace gexlo {
 
@@ -17,24 +17,25 @@ bool sameRoom(const PlacedSlot& left, const PlacedSlot& right) {
 
 }  // namespace
 
-bool isBefore(const PlacedSlot& left, const PlacedSlot& right) {
-    return std::tie(left.week, left.day, left.period) <
-           std::tie(right.week, right.day, right.period);
-}
-
-NSInteger PeriodAxis::indexOf(float number) const {
-    const auto found = std::lower_bound(numbers.begin(), numbers.end(), number);
-    return found == numbers.end() || *found != number ? -1 : found - numbers.begin();
+PeriodAxis::PeriodAxis(std::vector<float> numbers, float realLastPeriod)
+    : numbers_(std::move(numbers)), realLastPeriod_(realLastPeriod) {
+    if (numbers_.empty()) return;
+    rowsByTenth_.resize(static_cast<std::size_t>(std::lround(numbers_.back() * 10)) + 1, -1);
+    for (std::size_t row = 0; row < numbers_.size(); ++row) {
+        rowsByTenth_[static_cast<std::size_t>(std::lround(numbers_[row] * 10))] =
+            static_cast<NSInteger>(row);
+    }
 }
 
 float PeriodAxis::number(NSInteger index) const {
-    return index < 0 || index >= count() ? -1 : numbers[static_cast<std::size_t>(index)];
+    return index < 0 || index >= count() ? -1 : numbers_[static_cast<std::size_t>(index)];
 }
 
 std::optional<std::size_t> placementOn(std::span<const PlacedSlot> placements, NSInteger week,
                                        NSInteger day, float period) {
-    const auto behind = std::upper_bound(placements.begin(), placements.end(),
-                                         PlacedSlot{week, day, period}, isBefore);
+    const auto behind = std::upper_bound(
+        placements.begin(), placements.end(), orderKey({week, day, period}),
+        [](std::uint64_t key, const PlacedSlot& slot) { return key < orderKey(slot); });
     if (behind == placements.begin()) return std::nullopt;
     const PlacedSlot& last = *(behind - 1);
     if (last.week != week || last.day != day || last.period != period) return std::nullopt;
@@ -55,7 +56,7 @@ Block blockAt(std::span<const PlacedSlot> placements, std::size_t position, NSIn
     Block block;
     for (std::size_t i = position + 1; i < placements.size(); ++i) {
         const PlacedSlot& slot = placements[i];
-        if (!sameDay(slot, own) || slot.period > axis.realLastPeriod) break;
+        if (!sameDay(slot, own) || slot.period > axis.realLastPeriod()) break;
         const NSInteger next = row + block.count;
         if (next < axis.count() && slot.period == axis.number(next) && sameRoom(slot, own))
             ++block.count;

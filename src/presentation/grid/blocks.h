@@ -1,6 +1,9 @@
 // How placements of one subject merge into blocks.
 #pragma once
 
+#include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -19,19 +22,43 @@ struct PlacedSlot {
     const std::string* room = nullptr;
 };
 
-/// The order of a subject's placements: by week, day and period.
-bool isBefore(const PlacedSlot& left, const PlacedSlot& right);
+/// The order of a subject's placements, by week, day and period, as a number of 40 bits.
+/// Weeks and days that no grid shows count as the nearest beyond those it does.
+inline std::uint64_t orderKey(const PlacedSlot& slot) {
+    const auto part = [](NSInteger value) {
+        return static_cast<std::uint64_t>(std::clamp<NSInteger>(value, -1, 14) + 1);
+    };
+    // The bits of a float are in its order once the sign is turned round; adding zero makes
+    // one of the two zeros.
+    constexpr std::uint32_t sign = 0x80000000;
+    const auto bits = std::bit_cast<std::uint32_t>(slot.period + 0.0F);
+    const std::uint32_t period = bits & sign ? ~bits : bits | sign;
+    return part(slot.week) << 36 | part(slot.day) << 32 | period;
+}
 
-/// The rows of the grid by their numbers, ascending.
-struct PeriodAxis {
-    std::vector<float> numbers;
-    float realLastPeriod = 0;
+/// The rows of the grid by their numbers.
+class PeriodAxis {
+public:
+    PeriodAxis() = default;
+    /// Numbers ascending, from 0.
+    PeriodAxis(std::vector<float> numbers, float realLastPeriod);
 
-    NSInteger count() const { return static_cast<NSInteger>(numbers.size()); }
-    /// -1 for a row that is none.
-    NSInteger indexOf(float number) const;
+    NSInteger count() const { return static_cast<NSInteger>(numbers_.size()); }
+    /// -1 for a number that no row has.
+    NSInteger indexOf(float number) const {
+        const float tenth = number * 10 + 0.5F;
+        if (!(tenth >= 0 && tenth < static_cast<float>(rowsByTenth_.size()))) return -1;
+        const NSInteger row = rowsByTenth_[static_cast<std::size_t>(tenth)];
+        return row >= 0 && numbers_[static_cast<std::size_t>(row)] == number ? row : -1;
+    }
     /// -1 for a row that is none.
     float number(NSInteger index) const;
+    float realLastPeriod() const { return realLastPeriod_; }
+
+private:
+    std::vector<float> numbers_;
+    std::vector<NSInteger> rowsByTenth_;  // the row nearest to a number's tenths, or -1
+    float realLastPeriod_ = 0;
 };
 
 /// What a cell shows of the placement that stands on it.

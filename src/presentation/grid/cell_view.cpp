@@ -19,7 +19,7 @@ constexpr UIColor kRoomBackground = UIColor::colorWithWhite(0, 0.12F);
 struct RoomRow {
     double below;
     double height;
-    double font;
+    float font;
 };
 constexpr RoomRow kRoomRows[] = {{30, 10, 9}, {40, 12, 9}, {70, 16, 10}, {140, 26, 10}};
 constexpr RoomRow kTallRoomRow{0, 40, 10};
@@ -31,72 +31,80 @@ const RoomRow& roomRow(double height) {
     return kTallRoomRow;
 }
 
-std::shared_ptr<UIView> hiddenMask(const char* identifier, CGRect bounds, UIColor color) {
-    auto mask = std::make_shared<UIView>(bounds);
-    mask->setAccessibilityIdentifier(identifier);
-    mask->setBackgroundColor(color);
-    mask->setHidden(true);
-    mask->setUserInteractionEnabled(false);
-    return mask;
-}
-
-std::shared_ptr<UILabel> cellLabel(const char* identifier) {
-    auto label = std::make_shared<UILabel>();
-    label->setAccessibilityIdentifier(identifier);
-    label->setTextAlignment(NSTextAlignment::center);
-    label->setNumberOfLines(0);
-    label->setFont(UIFont::systemFontOfSize(10));
-    return label;
-}
-
 }  // namespace
 
-Placements sortedPlacements(const std::vector<GXDayNPeriodData*>& rows) {
-    Placements placements;
-    placements.slots.reserve(rows.size());
-    std::vector<std::pair<PlacedSlot, GXDayNPeriodData*>> sorted;
-    sorted.reserve(rows.size());
-    for (GXDayNPeriodData* row : rows) {
-        sorted.emplace_back(PlacedSlot{row->week.get(), row->day.get(), row->period.get(),
-                                       row->room.isSet() ? &row->room.get() : nullptr},
-                            row);
+SharedPlacements sortedPlacements(const std::vector<GXDayNPeriodData*>& rows) {
+    // Numbers sort fastest: the key with the place behind it, so that equals keep their order.
+    constexpr int placeBits = 24;
+    constexpr std::uint64_t placeMask = (std::uint64_t{1} << placeBits) - 1;
+    std::vector<PlacedSlot> slots;
+    std::vector<std::uint64_t> order;
+    slots.reserve(rows.size());
+    order.reserve(rows.size());
+    for (const GXDayNPeriodData* row : rows) {
+        slots.push_back({row->week.get(), row->day.get(), row->period.get(),
+                         row->room.isSet() ? &row->room.get() : nullptr});
+        order.push_back(orderKey(slots.back()) << placeBits | order.size());
     }
-    std::stable_sort(sorted.begin(), sorted.end(), [](const auto& left, const auto& right) {
-        return isBefore(left.first, right.first);
-    });
-    placements.rows.reserve(sorted.size());
-    for (const auto& [slot, row] : sorted) {
-        placements.slots.push_back(slot);
-        placements.rows.push_back(row);
+    // Merging is what placements mostly in order are quickest with.
+    std::stable_sort(order.begin(), order.end());
+    auto placements = std::make_shared<Placements>();
+    placements->slots.reserve(rows.size());
+    placements->rows.reserve(rows.size());
+    for (const std::uint64_t key : order) {
+        placements->slots.push_back(slots[key & placeMask]);
+        placements->rows.push_back(rows[key & placeMask]);
     }
     return placements;
 }
 
-GXCellView::GXCellView(CGRect frame, const Slot& slot, std::weak_ptr<GXCellViewDelegate> delegate)
-    : UIView(frame),
+/// There are thousands of them, so they speak to their cell without a list of actions.
+class GXCellView::Button final : public UIControl {
+public:
+    using UIControl::UIControl;
+
+protected:
+    void sendActions(UIControlEvent event) override {
+        static_cast<GXCellView*>(superview())->buttonEvent(event);
+    }
+};
+
+GXCellView::GXCellView(CGRect frame, const Slot& slot, GXCellViewDelegate& delegate)
+    : UIView(frame, 6),
       slot_(slot),
       singleSize_(frame.size()),
-      delegate_(std::move(delegate)),
-      labelSubject_(cellLabel("labelSubject")),
-      labelRoom_(cellLabel("labelRoom")),
-      blackMask_(hiddenMask("blackMask", bounds(), UIColor::darkGrayColor())),
-      whiteMask_(hiddenMask("whiteMask", bounds(), UIColor::colorWithWhite(1, 0.4F))),
-      shadowMask_(hiddenMask("shadowMask", bounds(), UIColor::colorWithWhite(0, 0.5F))),
-      button_(std::make_shared<UIButton>(bounds())) {
-    button_->setAccessibilityIdentifier("button");
-    button_->addActionForAllEvents([this](UIControlEvent event) { buttonEvent(event); });
-    addSubview(labelSubject_);
-    addSubview(labelRoom_);
-    addSubview(blackMask_);
-    addSubview(whiteMask_);
-    addSubview(shadowMask_);
-    addSubview(button_);
+      delegate_(delegate),
+      labelSubject_(addLabel("labelSubject")),
+      labelRoom_(addLabel("labelRoom")),
+      blackMask_(addMask("blackMask", UIColor::darkGrayColor())),
+      whiteMask_(addMask("whiteMask", UIColor::colorWithWhite(1, 0.4F))),
+      shadowMask_(addMask("shadowMask", UIColor::colorWithWhite(0, 0.5F))),
+      button_(add<Button>(bounds())) {
+    button_.setAccessibilityIdentifier("button");
     layOutLabelsSimply();
 }
 
+UILabel& GXCellView::addLabel(const char* identifier) {
+    UILabel& label = add<UILabel>();
+    label.setAccessibilityIdentifier(identifier);
+    label.setTextAlignment(NSTextAlignment::center);
+    label.setNumberOfLines(0);
+    label.setFont(UIFont::systemFontOfSize(10));
+    return label;
+}
+
+UIView& GXCellView::addMask(const char* identifier, UIColor color) {
+    UIView& mask = add<UIView>(bounds());
+    mask.setAccessibilityIdentifier(identifier);
+    mask.setBackgroundColor(color);
+    mask.setHidden(true);
+    mask.setUserInteractionEnabled(false);
+    return mask;
+}
+
 void GXCellView::setSubjectTextSize(NSInteger setting) {
-    const double size = setting == 15 ? 14 : setting == 5 ? 10 : 12;
-    labelSubject_->setFont(UIFont::systemFontOfSize(size));
+    const float size = setting == 15 ? 14 : setting == 5 ? 10 : 12;
+    labelSubject_.setFont(UIFont::systemFontOfSize(size));
 }
 
 void GXCellView::setColor(UIColor color) {
@@ -105,29 +113,27 @@ void GXCellView::setColor(UIColor color) {
 }
 
 void GXCellView::setFontColor(UIColor color) {
-    labelSubject_->setTextColor(color);
-    labelRoom_->setTextColor(color);
+    labelSubject_.setTextColor(color);
+    labelRoom_.setTextColor(color);
 }
 
 void GXCellView::setRoom(const std::string& room) {
-    labelRoom_->setText(room);
-    labelRoom_->setBackgroundColor(room.empty() ? UIColor::clearColor() : kRoomBackground);
+    labelRoom_.setText(room);
+    labelRoom_.setBackgroundColor(room.empty() ? UIColor::clearColor() : kRoomBackground);
 }
 
 // MARK: sizes
 
 void GXCellView::setSize(CGSize size) {
     setFrame({frame().x, frame().y, size.width, size.height});
-    for (UIView* over : {blackMask_.get(), whiteMask_.get(), shadowMask_.get(),
-                         static_cast<UIView*>(button_.get())}) {
+    for (UIView* over : {&blackMask_, &whiteMask_, &shadowMask_, static_cast<UIView*>(&button_)})
         over->setFrame(bounds());
-    }
 }
 
 void GXCellView::layOutLabels(double roomHeight) {
     const CGSize size = frame().size();
-    labelSubject_->setFrame({0, 0, size.width, size.height - roomHeight});
-    labelRoom_->setFrame({0, size.height - roomHeight, size.width, roomHeight});
+    labelSubject_.setFrame({0, 0, size.width, size.height - roomHeight});
+    labelRoom_.setFrame({0, size.height - roomHeight, size.width, roomHeight});
 }
 
 void GXCellView::layOutLabelsSimply() {
@@ -137,15 +143,15 @@ void GXCellView::layOutLabelsSimply() {
 void GXCellView::sizeUpdate() {
     const double height = frame().height;
     if (room().empty()) {
-        labelSubject_->setFrame(bounds());
-        labelRoom_->setFrame({});
-        labelRoom_->setFont(UIFont::systemFontOfSize(10));
+        labelSubject_.setFrame(bounds());
+        labelRoom_.setFrame({});
+        labelRoom_.setFont(UIFont::systemFontOfSize(10));
     } else if (slot_.daysOnLeft) {
         layOutLabels(height < 50 ? 15 : 30 - 2 * slot_.numDays);
     } else {
         const RoomRow& row = roomRow(height);
         layOutLabels(row.height);
-        labelRoom_->setFont(UIFont::systemFontOfSize(row.font));
+        labelRoom_.setFont(UIFont::systemFontOfSize(row.font));
     }
 }
 
@@ -161,10 +167,8 @@ void GXCellView::setBlocks(int blocks) {
 
 void GXCellView::hideLines(bool hide) {
     if (numBlocks_ < 2) return;
-    const auto grid = delegate_.lock();
-    if (!grid) return;
     for (int k = 1; k < numBlocks_; ++k)
-        grid->hideLine_day_period(hide, slot_.day, slot_.periodIndex + k);
+        delegate_.hideLine_day_period(hide, slot_.day, slot_.periodIndex + k);
 }
 
 // MARK: showing a subject
@@ -175,16 +179,15 @@ void GXCellView::setLesson_withClasstimeList(GXLessonData& lesson, const Placeme
 }
 
 void GXCellView::show(GXLessonData& lesson, const Placements& placements, std::size_t position) {
-    const auto grid = delegate_.lock();
-    if (!grid) return;
     lesson_ = &lesson;
     dayNPeriod_ = placements.rows[position];
     state_ = State::normal;
-    setRoom(dayNPeriod_->room.get());
-    const Block block = blockAt(placements.slots, position, slot_.periodIndex, grid->periodAxis());
+    const Block block =
+        blockAt(placements.slots, position, slot_.periodIndex, delegate_.periodAxis());
     hiddenCell_ = block.covered;
     setHidden(block.covered);
     if (block.covered) {
+        setRoom(dayNPeriod_->room.get());
         numBlocks_ = 1;
         // A covered placement never keeps an alarm.
         if (dayNPeriod_->alarmValue.get() != 0) {
@@ -199,14 +202,14 @@ void GXCellView::show(GXLessonData& lesson, const Placements& placements, std::s
 void GXCellView::paint() {
     const GXColorManager& colors = GXColorManager::colorManager();
     setColor(colors.colorWithName(lesson_->color.get()));
-    labelSubject_->setText(lesson_->name.get());
+    labelSubject_.setText(lesson_->name.get());
     setFontColor(colors.fontColorWithName(lesson_->fontColor.get()));
     setRoom(dayNPeriod_->room.get());
 }
 
 void GXCellView::clearLooks() {
     setColor(UIColor::clearColor());
-    labelSubject_->setText("");
+    labelSubject_.setText("");
     setRoom("");
 }
 
@@ -224,13 +227,13 @@ void GXCellView::setLessonsWithData(GXLessonData& lesson, const Placements& plac
 // MARK: add and edit
 
 void GXCellView::beginAddMode() {
-    if (lesson_) blackMask_->setHidden(false);
+    if (lesson_) blackMask_.setHidden(false);
     state_ = lesson_ ? State::locked : State::normal;
-    whiteMask_->setHidden(true);
+    whiteMask_.setHidden(true);
 }
 
 void GXCellView::cancelAddMode() {
-    if (state_ == State::locked) blackMask_->setHidden(true);
+    if (state_ == State::locked) blackMask_.setHidden(true);
     if (state_ == State::selected) {
         setColor(UIColor::clearColor());
         setRoom("");
@@ -240,7 +243,7 @@ void GXCellView::cancelAddMode() {
 
 void GXCellView::finishAddMode(GXLessonData& lesson, const Placements& placements) {
     if (state_ == State::locked) {
-        blackMask_->setHidden(true);
+        blackMask_.setHidden(true);
         state_ = State::normal;
     } else if (state_ == State::selected) {
         setLesson_withClasstimeList(lesson, placements);
@@ -251,19 +254,19 @@ void GXCellView::finishAddMode(GXLessonData& lesson, const Placements& placement
 }
 
 void GXCellView::beginEditMode(const GXLessonData& lesson) {
-    whiteMask_->setHidden(true);
+    whiteMask_.setHidden(true);
     if (!lesson_) {
         state_ = State::normal;
     } else if (lesson_ != &lesson) {
-        blackMask_->setHidden(false);
+        blackMask_.setHidden(false);
         state_ = State::locked;
     } else {
         // Each placement of a block can be toggled alone.
         setSize(singleSize_);
         paint();
-        labelSubject_->setText("");
+        labelSubject_.setText("");
         layOutLabelsSimply();
-        blackMask_->setHidden(true);
+        blackMask_.setHidden(true);
         state_ = State::selected;
         setHidden(false);
         hideLines(false);
@@ -274,7 +277,7 @@ void GXCellView::beginEditMode(const GXLessonData& lesson) {
 
 void GXCellView::cancelEditMode() {
     if (state_ == State::locked) {
-        blackMask_->setHidden(true);
+        blackMask_.setHidden(true);
     } else if (!lesson_) {
         clearLooks();
     } else if (hiddenCell_) {
@@ -288,7 +291,7 @@ void GXCellView::cancelEditMode() {
 
 void GXCellView::finishEditMode(GXLessonData& lesson, const Placements& placements) {
     if (state_ == State::locked) {
-        blackMask_->setHidden(true);
+        blackMask_.setHidden(true);
         state_ = State::normal;
     } else if (state_ == State::selected) {
         setLesson_withClasstimeList(lesson, placements);
@@ -313,7 +316,7 @@ void GXCellView::removeAllLessons() {
     clearLooks();
     layOutLabelsSimply();
     hideLines(false);
-    blackMask_->setHidden(true);
+    blackMask_.setHidden(true);
     state_ = State::normal;
     setHidden(false);
     numBlocks_ = 0;
@@ -322,11 +325,11 @@ void GXCellView::removeAllLessons() {
 // MARK: the panel of a subject
 
 void GXCellView::openLessonInfo(const GXLessonData& lesson) {
-    whiteMask_->setHidden(lesson_ != &lesson);
+    whiteMask_.setHidden(lesson_ != &lesson);
 }
 
 void GXCellView::closeLessonInfo() {
-    whiteMask_->setHidden(true);
+    whiteMask_.setHidden(true);
 }
 
 // MARK: touches
@@ -335,14 +338,14 @@ void GXCellView::buttonEvent(UIControlEvent event) {
     const bool isNormal = GXUIManager::manager().appState() == AppState::normal;
     switch (event) {
         case UIControlEvent::touchDown:
-            if (isNormal && lesson_) shadowMask_->setHidden(false);
+            if (isNormal && lesson_) shadowMask_.setHidden(false);
             break;
         case UIControlEvent::touchUpInside:
-            shadowMask_->setHidden(true);
+            shadowMask_.setHidden(true);
             buttonTouchUp();
             break;
         default:
-            shadowMask_->setHidden(true);
+            shadowMask_.setHidden(true);
     }
 }
 

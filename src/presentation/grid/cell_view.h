@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/foundation/notification_center.h"
-#include "platform/views/button.h"
+#include "platform/views/control.h"
 #include "platform/views/label.h"
 #include "presentation/grid/blocks.h"
 
@@ -20,7 +20,10 @@ struct Placements {
     std::vector<PlacedSlot> slots;  ///< the same, as merging sees them
 };
 
-Placements sortedPlacements(const std::vector<GXDayNPeriodData*>& rows);
+/// As notifications carry them: every observer reads the same.
+using SharedPlacements = std::shared_ptr<const Placements>;
+
+SharedPlacements sortedPlacements(const std::vector<GXDayNPeriodData*>& rows);
 
 /// The grid that a cell belongs to.
 class GXCellViewDelegate {
@@ -49,7 +52,7 @@ public:
         bool daysOnLeft = false;
     };
 
-    GXCellView(CGRect frame, const Slot& slot, std::weak_ptr<GXCellViewDelegate> delegate);
+    GXCellView(CGRect frame, const Slot& slot, GXCellViewDelegate& delegate);
     const char* className() const override { return "GXCellView"; }
 
     const Slot& slot() const { return slot_; }
@@ -60,7 +63,7 @@ public:
     State state() const { return state_; }
     GXLessonData* lesson() const { return lesson_; }
     GXDayNPeriodData* dayNPeriod() const { return dayNPeriod_; }
-    const std::string& room() const { return labelRoom_->text(); }
+    const std::string& room() const { return labelRoom_.text(); }
 
     /// The timetable's setting: 5, 10 or 15; any other counts as 10.
     void setSubjectTextSize(NSInteger setting);
@@ -91,6 +94,10 @@ public:
     void closeLessonInfo();
 
 private:
+    class Button;
+
+    UILabel& addLabel(const char* identifier);
+    UIView& addMask(const char* identifier, UIColor color);
     void buttonEvent(UIControlEvent event);
     void buttonTouchUp();
     void select();
@@ -107,19 +114,20 @@ private:
 
     Slot slot_;
     CGSize singleSize_;
-    std::weak_ptr<GXCellViewDelegate> delegate_;
-    GXLessonData* lesson_ = nullptr;          // of the store's context, which keeps its objects
+    GXCellViewDelegate& delegate_;    // hands on what a cell hears, so it is there when asked
+    GXLessonData* lesson_ = nullptr;  // of the store's context, which keeps its objects
     GXDayNPeriodData* dayNPeriod_ = nullptr;  // the same
     int numBlocks_ = 0;
     bool hiddenCell_ = false;
     State state_ = State::normal;
 
-    std::shared_ptr<UILabel> labelSubject_;
-    std::shared_ptr<UILabel> labelRoom_;
-    std::shared_ptr<UIView> blackMask_;
-    std::shared_ptr<UIView> whiteMask_;
-    std::shared_ptr<UIView> shadowMask_;
-    std::shared_ptr<UIButton> button_;
+    // From bottom to top.
+    UILabel& labelSubject_;
+    UILabel& labelRoom_;
+    UIView& blackMask_;
+    UIView& whiteMask_;
+    UIView& shadowMask_;
+    UIControl& button_;
 };
 
 }  // namespace gexlo

@@ -51,7 +51,7 @@ void GXPeriodCellView::setTextColor(UIColor color) {
 void GXPeriodCellView::setBeginningTime_endTime(const std::string& begin, const std::string& end) {
     const double w = frame().width;
     const double h = frame().height;
-    const auto nameFont = [&](double size, double minorSize) {
+    const auto nameFont = [&](float size, float minorSize) {
         labelName_->setFont(UIFont::boldSystemFontOfSize(isMinor() ? minorSize : size));
     };
     labelTime_->setText(begin);

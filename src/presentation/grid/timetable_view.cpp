@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/foundation/string_format.h"
 #include "presentation/notifications.h"
 #include "time/periods_controller.h"
 
@@ -21,7 +20,8 @@ GXLessonData* lessonOf(const NSNotification& notification) {
 }
 
 const Placements& classtimesOf(const NSNotification& notification) {
-    return *std::any_cast<Placements>(&notification.userInfo.find(user_info::kClasstimes)->second);
+    return **std::any_cast<SharedPlacements>(
+        &notification.userInfo.find(user_info::kClasstimes)->second);
 }
 
 std::shared_ptr<UIView> layer(const char* identifier) {
@@ -93,10 +93,10 @@ void GXTimetableView::update(const GridGeometry& grid, const GridLooks& looks,
                              const GXPeriodsController& periods) {
     grid_ = grid;
     looks_ = looks;
-    axis_.numbers.clear();
+    std::vector<float> numbers;
     for (const GXPeriod* period : periods.periodList(0))
-        axis_.numbers.push_back(period->periodNo);
-    axis_.realLastPeriod = periods.realLastPeriod();
+        numbers.push_back(period->periodNo);
+    axis_ = PeriodAxis(std::move(numbers), periods.realLastPeriod());
     setFrame(grid.gridRect(weekNo_));
     setBorder(periods);
     setPeriods(periods);
@@ -117,6 +117,9 @@ void GXTimetableView::setBorder(const GXPeriodsController& periods) {
     segments_.clear();
     borderView_->removeAllSubviews();
     borderView_->setFrame(grid_.borderRect());
+    const auto lines = static_cast<std::size_t>(grid_.numDays * (grid_.numPeriods + 1));
+    borderView_->reserveSubviews(lines);
+    segments_.reserve(lines);
     const auto segmentColor = [&](int period) {
         if (!looks_.useHalfPeriods || period == grid_.numPeriods) return looks_.border;
         const GXPeriod& behind = *periods.period_week(period, 0);
@@ -160,9 +163,9 @@ std::shared_ptr<GXCellView> GXTimetableView::newCell(int index, int day, NSInteg
                                 .numDays = grid_.numDays,
                                 .daysOnLeft = grid_.daysOnLeft};
     auto cell =
-        std::make_shared<GXCellView>(grid_.cellRect(index, static_cast<int>(period)), slot,
-                                     std::static_pointer_cast<GXTimetableView>(shared_from_this()));
-    cell->setAccessibilityIdentifier(stringWithFormat("cell_%d_%d_%ld", weekNo_, day, period));
+        std::make_shared<GXCellView>(grid_.cellRect(index, static_cast<int>(period)), slot, *this);
+    cell->setAccessibilityIdentifier("cell_" + std::to_string(weekNo_) + "_" + std::to_string(day) +
+                                     "_" + std::to_string(period));
     cell->setSubjectTextSize(looks_.subjectTextSize);
     return cell;
 }
@@ -172,6 +175,7 @@ void GXTimetableView::setLessonCells(const GXPeriodsController& periods) {
     cellBaseView_->setFrame(grid_.cellBaseRect());
     const NSInteger rows = periods.numPeriods();
     classCells_.reserve(static_cast<std::size_t>(grid_.numDays * rows));
+    cellBaseView_->reserveSubviews(classCells_.capacity());
     for (int index = 0; index < grid_.numDays; ++index) {
         for (NSInteger period = 0; period < rows; ++period) {
             classCells_.push_back(newCell(index, grid_.dayAt(index), period));
@@ -189,12 +193,13 @@ template <typename Visit>
 void GXTimetableView::forEachCellOn(const Placements& placements, Visit visit) {
     const NSInteger rows = axis_.count();
     for (const PlacedSlot& slot : placements.slots) {
-        const NSInteger row = slot.week == weekNo_ ? axis_.indexOf(slot.period) : -1;
+        if (slot.week != weekNo_ || slot.day < 0 || slot.day > 6) continue;
+        const NSInteger row = axis_.indexOf(slot.period);
         if (row < 0) continue;
-        for (int index = 0; index < grid_.numDays; ++index) {
-            if (grid_.dayAt(index) == slot.day) {
-                visit(*classCells_[static_cast<std::size_t>(index * rows + row)]);
-            }
+        // A grid of eight days shows its first one twice.
+        for (int index = grid_.dayIndex(static_cast<int>(slot.day)); index < grid_.numDays;
+             index += 7) {
+            visit(*classCells_[static_cast<std::size_t>(index * rows + row)]);
         }
     }
 }

@@ -56,6 +56,13 @@ UIColor colorOf(Table old, Table present, std::string_view name) {
     return present.front().color;
 }
 
+int digitOf(char character) {
+    if (character >= '0' && character <= '9') return character - '0';
+    if (character >= 'a' && character <= 'f') return character - 'a' + 10;
+    if (character >= 'A' && character <= 'F') return character - 'A' + 10;
+    return -1;
+}
+
 /// The leading hexadecimal number as the platform scans it: blanks and "0x" may stand before
 /// it, and one too large is the largest.
 std::uint32_t scannedHex(std::string_view text) {
@@ -65,10 +72,8 @@ std::uint32_t scannedHex(std::string_view text) {
     constexpr std::uint64_t largest = 0xFFFFFFFF;
     std::uint64_t number = 0;
     for (const char character : text) {
-        if (!std::isxdigit(static_cast<unsigned char>(character))) break;
-        const int digit = std::isdigit(static_cast<unsigned char>(character))
-                              ? character - '0'
-                              : std::tolower(character) - 'a' + 10;
+        const int digit = digitOf(character);
+        if (digit < 0) break;
         number = std::min(number * 16 + static_cast<std::uint64_t>(digit), largest);
     }
     return static_cast<std::uint32_t>(number);
@@ -150,13 +155,12 @@ std::optional<UIColor> GXColorManager::backgroundColorWithName(std::string_view 
 }
 
 UIColor GXColorManager::colorFromString(std::string_view text) const {
-    std::string digits(text);
-    std::erase(digits, '#');
+    std::string digits;
+    for (const char character : text) {
+        if (character != '#') digits += character;
+    }
     if (digits.size() == 3) {
-        std::string doubled;
-        for (const char digit : digits)
-            doubled.append(2, digit);
-        digits = doubled;
+        digits = {digits[0], digits[0], digits[1], digits[1], digits[2], digits[2]};
     }
     if (digits.size() == 6) digits += "ff";
     const std::uint32_t number = scannedHex(digits);
