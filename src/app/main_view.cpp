@@ -1,6 +1,10 @@
 #include "app/main_view.h"
 
 #include "platform/foundation/user_defaults.h"
+#include "presentation/notifications.h"
+#include "presentation/panels/more_menu.h"
+#include "presentation/style/color_manager.h"
+#include "presentation/style/theme_manager.h"
 #include "presentation/ui_manager.h"
 #include "store/app_local.h"
 #include "store/data_manager.h"
@@ -10,15 +14,105 @@
 
 namespace gexlo {
 
+namespace {
+
+/// Points of black above and below the screen, for what slides beyond it.
+constexpr double kOuterBar = 200;
+/// The bubble before it slides down.
+constexpr CGRect kBubble{8, 0, 112, 44};
+constexpr double kBubbleSlide = 0.2;
+/// Seconds that the bubble stands at least.
+constexpr double kBubbleStands = 1.4;
+
+}  // namespace
+
 GXMainView::GXMainView() : view_(std::make_shared<UIView>()) {
-    view_->setAccessibilityIdentifier("mainView");
-    view_->setBackgroundColor(UIColor::colorWithWhite(0.8F));
-    view_->addSubview(timetablePallet_.view());
-    GXUIManager::manager().setMainView(this);
+    buildViews();
+    GXUIManager& manager = GXUIManager::manager();
+    manager.setMainView(this);
+    manager.setTopTitleView(titleView_);
     initAppInformationFromCoreData();
     setCurrentTimetableFromCoreData();
     setTimetablePosition(
         NSUserDefaults::standardUserDefaults().integerForKey(user_default::kLastTimetableIndex));
+}
+
+GXMainView::~GXMainView() {
+    GXUIManager& manager = GXUIManager::manager();
+    manager.setMainView(nullptr);
+    manager.setTopTitleView(nullptr);
+}
+
+/// From bottom to top.
+void GXMainView::buildViews() {
+    const ScreenFacts& screen = GXUIManager::manager().screen();
+    const double width = screen.screenWidth;
+    const double height = screen.screenHeight;
+    const double top = screen.statusBarHeight;
+    view_->setAccessibilityIdentifier("mainView");
+    view_->setFrame({0, 0, width, height});
+    view_->setBackgroundColor(UIColor::colorWithWhite(0.8F));
+    backgroundImageView_ = &view_->add<UIImageView>(CGRect{0, 0, width, height});
+    backgroundImageView_->setAccessibilityIdentifier("backgroundImageView");
+    view_->addSubview(timetablePallet_.view());
+    topMenu_ = &view_->add<TopMenu>(width, top);
+    addLessonView_ = std::make_shared<GXAddLessonView>(*this);
+    view_->addSubview(addLessonView_);
+    titleView_ = &view_->add<GXTitleView>(width, top);
+    buildClasshourBubble();
+    bottomMenu_ = &view_->add<GXBottomMenu>(
+        CGRect{0, height - screen.bottomViewHeight, width, screen.bottomViewHeight});
+    statusBarBase_ = &addBar("statusBarBase", {0, 0, width, top}, UIColor::blackColor());
+    addBar("", {0, -kOuterBar, width, kOuterBar}, UIColor::blackColor());
+    addBar("", {0, height, width, kOuterBar}, UIColor::blackColor());
+    setThemes();
+}
+
+UIView& GXMainView::addBar(const char* identifier, CGRect frame, UIColor color) {
+    UIView& bar = view_->add<UIView>(frame);
+    bar.setAccessibilityIdentifier(identifier);
+    bar.setBackgroundColor(color);
+    return bar;
+}
+
+void GXMainView::buildClasshourBubble() {
+    classhourBaseView_ = &view_->add<UIView>(kBubble);
+    classhourBaseView_->setAccessibilityIdentifier("classhourBaseView");
+    classhourBaseView_->setUserInteractionEnabled(false);
+    classhourBaseView_->setHidden(true);
+    const struct {
+        UILabel*& label;
+        const char* identifier;
+        CGRect frame;
+        UIFont font;
+    } labels[] = {
+        {lblPeriodName_,
+         "lblPeriodName",
+         {2, 5, kBubble.width - 4, 18},
+         UIFont::boldSystemFontOfSize(13)},
+        {lblClasshour_,
+         "lblClasshour",
+         {2, 22, kBubble.width - 4, 16},
+         UIFont::systemFontOfSize(12)},
+    };
+    for (const auto& [label, identifier, frame, font] : labels) {
+        label = &classhourBaseView_->add<UILabel>(frame);
+        label->setAccessibilityIdentifier(identifier);
+        label->setFont(font);
+        label->setTextColor(UIColor::whiteColor());
+        label->setMinimumScaleFactor(0.7);
+    }
+}
+
+void GXMainView::setThemes() {
+    topMenu_->setThemes();
+    titleView_->setThemes();
+    topMenu_->dateView().setThemes();
+    bottomMenu_->setThemes();
+    addLessonView_->setThemes();
+    const UIColor chrome = GXThemeManager::manager().topMenuBackgroundColor;
+    statusBarBase_->setBackgroundColor(chrome);
+    classhourBaseView_->setBackgroundColor(chrome);
 }
 
 void GXMainView::initAppInformationFromCoreData() {
@@ -54,13 +148,17 @@ void GXMainView::setCurrentTimetableFromCoreData() {
     GXDataManager& manager = GXDataManager::manager();
     GXTimetableData& timetable = timetableToLoad();
     timetablePallet_.updateFromData();
+    topMenu_->setTimetableName(timetablePallet_.name());
+    setBackgroundImage(timetable.backgroundImage.get());
     // Whatever was imported or copied, the language decides.
     timetable.useAbsenceCounting = GXAppLocal::appLocal().isJapanease();
     manager.saveContext();
+    topMenu_->dateView().setUseAbsenceCount(timetable.useAbsenceCounting.get());
 }
 
-GXMainView::~GXMainView() {
-    GXUIManager::manager().setMainView(nullptr);
+void GXMainView::setBackgroundImage(const std::string& name) {
+    const auto color = GXColorManager::colorManager().backgroundColorWithName(name);
+    backgroundImageView_->setBackgroundColor(color.value_or(UIColor::clearColor()));
 }
 
 void GXMainView::updateAlarms() {
@@ -81,11 +179,83 @@ void GXMainView::addPanel(std::shared_ptr<UIView> panel) {
     view_->addSubview(std::move(panel));
 }
 
-// The grid stands alone on the screen so far: no menu to lock, no panel to open, no bubble.
-void GXMainView::lockMenu(bool) {}
-void GXMainView::openAddMode() {}
-void GXMainView::openEditMode(GXLessonData&) {}
-void GXMainView::showClassHour_periodName(const std::string&, const std::string&) {}
-void GXMainView::hideClassHour() {}
+void GXMainView::lockMenu(bool locked) {
+    bottomMenu_->setIsLocked(locked);
+    topMenu_->dateView().setIsLocked(locked);
+}
+
+// MARK: the panel of a subject
+
+void GXMainView::openAddMode() {
+    addLessonView_->openAddMode();
+}
+
+void GXMainView::openEditMode(GXLessonData& lesson) {
+    addLessonView_->openEditMode(lesson);
+}
+
+void GXMainView::saveLesson() {
+    addLessonView_->save();
+}
+
+void GXMainView::cancelLessonEditing() {
+    addLessonView_->cancel();
+}
+
+void GXMainView::showColorSelectViewWithColorIndex_andFontColorIndex(NSInteger color,
+                                                                     NSInteger fontColor) {
+    const auto selector = std::make_shared<GXColorSelector>(view_->bounds(), *this);
+    addPanel(selector);
+    selector->showWithColorIndex_andFontColorIndex(color, fontColor);
+}
+
+void GXMainView::colorSelected_andFontColor(NSInteger color, NSInteger fontColor) {
+    addLessonView_->setSubjectColorByIndex_andFontColor(color, fontColor);
+}
+
+// MARK: the bubble
+
+void GXMainView::showClassHour_periodName(const std::string& classHour,
+                                          const std::string& periodName) {
+    classhourBeginTime_ = NSDate::date();
+    titleView_->cancelButtonHidden(true);
+    lblPeriodName_->setText(periodName);
+    lblClasshour_->setText(classHour);
+    classhourBaseView_->setHidden(false);
+    classhourBaseView_->setFrame(kBubble);
+    UIView::animateWithDuration(kBubbleSlide, [&] {
+        classhourBaseView_->setFrame(
+            kBubble.offsetBy({0, GXUIManager::manager().statusBarHeight()}));
+    });
+    topMenu_->dateView().hide();
+}
+
+void GXMainView::hideClassHour() {
+    if (NSDate::date().timeIntervalSinceDate(classhourBeginTime_) < kBubbleStands) return;
+    titleView_->cancelButtonHidden(false);
+    classhourBaseView_->setFrame(kBubble);
+    classhourBaseView_->setHidden(true);
+    lblPeriodName_->setText("");
+    lblClasshour_->setText("");
+    topMenu_->dateView().show();
+}
+
+// MARK: menus
+
+void GXMainView::openMoreMenu() {
+    const auto menu = std::make_shared<GXMoreMenu>(view_->bounds());
+    addPanel(menu);
+    NSNotificationCenter::defaultCenter().postNotificationName(GX_NOTI_LESSON_INFO_CLOSE);
+    lockMenu(true);
+    menu->open();
+}
+
+void GXMainView::dateViewAbsence(int count) {
+    topMenu_->dateView().setAbsenceCount(count);
+}
+
+void GXMainView::dateViewLateness(int count) {
+    topMenu_->dateView().setLatenessCount(count);
+}
 
 }  // namespace gexlo

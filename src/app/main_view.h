@@ -1,18 +1,27 @@
-// The root screen: picks the timetable to show and loads it.
+// The root screen: the grid with every permanent panel around it.
 #pragma once
 
 #include <memory>
 
-#include "platform/foundation/types.h"
+#include "platform/foundation/date.h"
+#include "platform/views/image_view.h"
+#include "platform/views/label.h"
 #include "presentation/grid/timetable_pallet.h"
 #include "presentation/main_screen.h"
+#include "presentation/panels/add_lesson_view.h"
+#include "presentation/panels/bottom_menu.h"
+#include "presentation/panels/color_selector.h"
+#include "presentation/panels/title_view.h"
+#include "presentation/panels/top_menu.h"
 
 namespace gexlo {
 
 class GXTimetableData;
 class NSManagedObjectContext;
 
-class GXMainView final : public MainScreen {
+class GXMainView final : public MainScreen,
+                         public GXAddLessonViewDelegate,
+                         public GXColorSelectorDelegate {
 public:
     /// Builds the screen and loads the timetable that is to be shown first.
     GXMainView();
@@ -24,7 +33,10 @@ public:
     void initAppInformationFromCoreData();
     /// Loads the current timetable, at the start and at each switch. Without it the first of
     /// the list stands in, or a new one, and becomes the fixed starting timetable.
-    void setCurrentTimetableFromCoreData();
+    void setCurrentTimetableFromCoreData() override;
+    /// A colour's name fills the screen with it; the name of an image with nothing so far.
+    void setBackgroundImage(const std::string& name);
+    void setThemes();
 
     /// The page of the grid: 0 the first, 1 the second.
     NSInteger timetablePosition() const { return timetablePallet_.timetablePosition(); }
@@ -40,19 +52,44 @@ public:
     void lockMenu(bool locked) override;
     void openAddMode() override;
     void openEditMode(GXLessonData& lesson) override;
+    void saveLesson() override;
+    void cancelLessonEditing() override;
     void showClassHour_periodName(const std::string& classHour,
                                   const std::string& periodName) override;
+    /// Not before the bubble has stood for a while.
     void hideClassHour() override;
+    void openMoreMenu() override;
+    void dateViewAbsence(int count) override;
+    void dateViewLateness(int count) override;
+
+    void showColorSelectViewWithColorIndex_andFontColorIndex(NSInteger color,
+                                                             NSInteger fontColor) override;
+    void colorSelected_andFontColor(NSInteger color, NSInteger fontColor) override;
 
     /// The data manager's, on which the screen works.
     NSManagedObjectContext* context() const { return context_; }
 
 private:
+    void buildViews();
+    void buildClasshourBubble();
+    UIView& addBar(const char* identifier, CGRect frame, UIColor color);
     GXTimetableData& timetableToLoad();
 
     NSManagedObjectContext* context_ = nullptr;
     std::shared_ptr<UIView> view_;
     GXTimetablePallet timetablePallet_;
+    NSDate classhourBeginTime_;
+
+    // Subviews of the view.
+    UIImageView* backgroundImageView_ = nullptr;
+    TopMenu* topMenu_ = nullptr;
+    std::shared_ptr<GXAddLessonView> addLessonView_;
+    GXTitleView* titleView_ = nullptr;
+    UIView* classhourBaseView_ = nullptr;
+    UILabel* lblPeriodName_ = nullptr;
+    UILabel* lblClasshour_ = nullptr;
+    GXBottomMenu* bottomMenu_ = nullptr;
+    UIView* statusBarBase_ = nullptr;
 };
 
 }  // namespace gexlo

@@ -2,13 +2,16 @@
 
 #include <algorithm>
 
+#include "platform/foundation/bundle.h"
 #include "platform/foundation/device.h"
 #include "platform/foundation/notification_center.h"
+#include "platform/views/alert.h"
 #include "platform/views/screen.h"
 #include "presentation/grid/cell_view.h"
 #include "presentation/main_screen.h"
 #include "presentation/notifications.h"
 #include "presentation/panels/subject_list_view.h"
+#include "presentation/panels/title_view.h"
 #include "time/periods_controller.h"
 
 namespace gexlo {
@@ -81,6 +84,50 @@ void GXUIManager::showClassHour_periodName(const std::string& classHour,
 
 void GXUIManager::hideClassHour() {
     if (mainView_) mainView_->hideClassHour();
+}
+
+void GXUIManager::saveLesson() {
+    if (mainView_) mainView_->saveLesson();
+}
+
+void GXUIManager::cancelLessonEditing() {
+    if (mainView_) mainView_->cancelLessonEditing();
+}
+
+void GXUIManager::setCurrentTimetable() {
+    if (mainView_) mainView_->setCurrentTimetableFromCoreData();
+}
+
+void GXUIManager::dateViewAbsence(int count) {
+    if (mainView_) mainView_->dateViewAbsence(count);
+}
+
+void GXUIManager::dateViewLateness(int count) {
+    if (mainView_) mainView_->dateViewLateness(count);
+}
+
+void GXUIManager::closeScheduleView() {
+    if (mainView_) mainView_->closeScheduleView();
+}
+
+void GXUIManager::showAlertView_message(const std::string& title, const std::string& message) {
+    UIAlert::notice(title, message, NSLocalizedString("OK_BUTTON")).show();
+}
+
+void GXUIManager::openTopTitleViewWithScheduleIndex(NSInteger index) {
+    if (topTitleView_) topTitleView_->showWithNotes(index);
+}
+
+void GXUIManager::setScheduleIndexInTopTitleView(NSInteger index) {
+    if (topTitleView_) topTitleView_->setNoteIndex(index);
+}
+
+void GXUIManager::closeTopTitleViewAnimated(bool animated) {
+    if (topTitleView_) topTitleView_->closeAnimated(animated);
+}
+
+void GXUIManager::lockScheduleButtonInTopTitleView(bool locked) {
+    if (topTitleView_) topTitleView_->scheduleLock(locked);
 }
 
 }  // namespace gexlo

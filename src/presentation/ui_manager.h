@@ -14,6 +14,7 @@ namespace gexlo {
 class GXCellView;
 class GXLessonData;
 class GXPeriodsController;
+class GXTitleView;
 class MainScreen;
 
 /// What a tap on a cell means.
@@ -83,10 +84,26 @@ public:
     void openAddLessonView();
     /// Nothing happens without a subject.
     void openEditLessonView(GXLessonData* lesson);
+    void saveLesson();
+    void cancelLessonEditing();
     /// The list of the timetable's subjects.
     void openLessonSelector();
     void showClassHour_periodName(const std::string& classHour, const std::string& periodName);
     void hideClassHour();
+    /// Loads what has become the current timetable.
+    void setCurrentTimetable();
+    void dateViewAbsence(int count);
+    void dateViewLateness(int count);
+    void closeScheduleView();
+    /// An alert with one button after which nothing follows.
+    void showAlertView_message(const std::string& title, const std::string& message);
+
+    // The title view, where there is one.
+    void setTopTitleView(GXTitleView* view) { topTitleView_ = view; }
+    void openTopTitleViewWithScheduleIndex(NSInteger index);
+    void setScheduleIndexInTopTitleView(NSInteger index);
+    void closeTopTitleViewAnimated(bool animated);
+    void lockScheduleButtonInTopTitleView(bool locked);
 
 private:
     ScreenFacts screen_;
@@ -101,6 +118,7 @@ private:
     UIColor selectedFontColor_;
     std::string selectedRoom_;
     MainScreen* mainView_ = nullptr;
+    GXTitleView* topTitleView_ = nullptr;  // of the main screen
 };
 
 }  // namespace gexlo

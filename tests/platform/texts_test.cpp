@@ -29,9 +29,9 @@ std::multimap<int, std::string> placeholdersOf(const std::string& text) {
     return wanted;
 }
 
-/// What stands before and behind the number of a period: a language may need one alone.
+/// What stands before and behind a number: a language may need one alone, or none.
 bool mayBeEmpty(const std::string& key) {
-    return key == "PERIOD_FRONT" || key == "PERIOD_BACK";
+    return key == "PERIOD_FRONT" || key == "PERIOD_BACK" || key == "DATEVIEW_DAY";
 }
 
 TEST(Texts, every_language_says_the_same) {

@@ -22,9 +22,13 @@ public:
     void setFont(UIFont font) { change(font_, font); }
     const UIColor& titleColor() const { return titleColor_; }
     void setTitleColor(UIColor color) { change(titleColor_, color); }
+    /// Stands in its own size beside the title.
     const UIImage& image() const { return image_; }
     void setImage(UIImage image) { change(image_, std::move(image)); }
-    /// The colour in which the image is drawn; clear for its own.
+    /// Fills the button.
+    const UIImage& backgroundImage() const { return backgroundImage_; }
+    void setBackgroundImage(UIImage image) { change(backgroundImage_, std::move(image)); }
+    /// The colour in which the images are drawn; clear for their own.
     const UIColor& tintColor() const { return tintColor_; }
     void setTintColor(UIColor color) { change(tintColor_, color); }
 
@@ -33,6 +37,7 @@ private:
     UIFont font_ = UIFont::systemFontOfSize(15);
     UIColor titleColor_ = UIColor::whiteColor();
     UIImage image_;
+    UIImage backgroundImage_;
     UIColor tintColor_;
 };
 

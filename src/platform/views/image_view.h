@@ -18,8 +18,13 @@ public:
     const UIImage& image() const { return image_; }
     void setImage(UIImage image) { change(image_, std::move(image)); }
 
+    /// The colour in which the image is drawn; clear for its own.
+    const UIColor& tintColor() const { return tintColor_; }
+    void setTintColor(UIColor color) { change(tintColor_, color); }
+
 private:
     UIImage image_;
+    UIColor tintColor_;
 };
 
 }  // namespace gexlo

@@ -67,7 +67,7 @@ void GXTimetablePallet::buildViews() {
     } corners[] = {{*btnIndexA_, "button_index_0", 0, "PALLET_SHOW_SECOND_WEEK"},
                    {*btnIndexB_, "button_index_1", 1, "PALLET_SHOW_FIRST_WEEK"}};
     for (const auto& corner : corners) {
-        corner.button.setImage(UIImage::imageNamed(corner.image));
+        corner.button.setBackgroundImage(UIImage::imageNamed(corner.image));
         corner.button.setTag(corner.tag);
         corner.button.setAccessibilityLabel(NSLocalizedString(corner.spoken));
         corner.button.addAction(UIControlEvent::touchUpInside,

@@ -1,0 +1,23 @@
+// The sign that something is under way.
+#pragma once
+
+#include "platform/views/view.h"
+
+namespace gexlo {
+
+class UIActivityIndicatorView final : public UIView {
+public:
+    explicit UIActivityIndicatorView(CGRect frame) : UIView(frame) {
+        setUserInteractionEnabled(false);
+    }
+    const char* className() const override { return "UIActivityIndicatorView"; }
+
+    bool isAnimating() const { return animating_; }
+    void startAnimating() { change(animating_, true); }
+    void stopAnimating() { change(animating_, false); }
+
+private:
+    bool animating_ = false;
+};
+
+}  // namespace gexlo

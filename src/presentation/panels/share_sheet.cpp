@@ -1,0 +1,41 @@
+#include "presentation/panels/share_sheet.h"
+
+#include <vector>
+
+#include "platform/foundation/bundle.h"
+#include "platform/views/alert.h"
+#include "presentation/main_screen.h"
+#include "presentation/ui_manager.h"
+
+namespace gexlo {
+
+namespace {
+
+struct Way {
+    const char* textKey;
+    void (MainScreen::*send)();
+};
+constexpr Way kMail{"SHARE_EMAIL", &MainScreen::sendEmail};
+constexpr Way kTwitter{"SHARE_TWITTER", &MainScreen::sendTwitter};
+constexpr Way kFacebook{"SHARE_FACEBOOK", &MainScreen::sendFacebook};
+constexpr Way kAlbum{"SHARE_SAVE_TO_ALBUM", &MainScreen::saveAlbum};
+
+}  // namespace
+
+void showShareSheet(bool facebookEnabled) {
+    std::vector<Way> ways{kMail, kTwitter};
+    if (facebookEnabled) ways.push_back(kFacebook);
+    ways.push_back(kAlbum);
+    UIAlert sheet;
+    sheet.kind = UIAlert::Kind::sheet;
+    for (const Way& way : ways)
+        sheet.buttons.push_back({NSLocalizedString(way.textKey)});
+    sheet.buttons.push_back({NSLocalizedString("CANCEL_BUTTON"), UIAlert::Button::Style::cancel});
+    sheet.dismissed = [ways](std::size_t button, const auto&) {
+        MainScreen* screen = GXUIManager::manager().mainView();
+        if (screen && button < ways.size()) (screen->*ways[button].send)();
+    };
+    std::move(sheet).show();
+}
+
+}  // namespace gexlo
