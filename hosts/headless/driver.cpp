@@ -12,7 +12,7 @@ namespace {
 
 const DriverCommand* commandNamed(std::string_view name) {
     for (const auto& table : {applicationCommands(), stateCommands(), notificationCommands(),
-                              viewCommands(), tableCommands(), alertCommands()}) {
+                              viewCommands(), tableCommands(), alertCommands(), typingCommands()}) {
         for (const DriverCommand& command : table) {
             if (command.name == name) return &command;
         }

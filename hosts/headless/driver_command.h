@@ -29,6 +29,7 @@ std::span<const DriverCommand> notificationCommands();
 std::span<const DriverCommand> viewCommands();
 std::span<const DriverCommand> tableCommands();
 std::span<const DriverCommand> alertCommands();
+std::span<const DriverCommand> typingCommands();
 
 /// The answer of a command that has nothing to tell.
 inline nlohmann::json nothing() {

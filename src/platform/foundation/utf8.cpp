@@ -51,4 +51,17 @@ std::size_t utf16Length(std::string_view text) {
     return units;
 }
 
+std::vector<std::string_view> charactersOf(std::string_view text) {
+    const auto isContinuation = [](char byte) { return (byte & 0xC0) == 0x80; };
+    std::vector<std::string_view> characters;
+    for (std::size_t begin = 0; begin < text.size();) {
+        std::size_t end = begin + 1;
+        while (end < text.size() && isContinuation(text[end]))
+            ++end;
+        characters.push_back(text.substr(begin, end - begin));
+        begin = end;
+    }
+    return characters;
+}
+
 }  // namespace gexlo

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace gexlo {
 
@@ -12,5 +13,8 @@ bool isValidUtf8(std::string_view text);
 std::string repairedUtf8(std::string_view text);
 /// Length as the platform counts it: UTF-16 units.
 std::size_t utf16Length(std::string_view text);
+
+/// The code points of a well-formed text, each as a part of it.
+std::vector<std::string_view> charactersOf(std::string_view text);
 
 }  // namespace gexlo
