@@ -11,14 +11,6 @@ constexpr NSTimeInterval kHour = 3600;
 
 class Dates : public testing::Test {
 protected:
-    static NSDate at(const std::string& text) {
-        return dateFromLocalTime(text, NSCalendar::currentCalendar()).value();
-    }
-    static std::string shown(NSDate date) {
-        const auto is = NSCalendar::currentCalendar().componentsFromDate(date);
-        return stringWithFormat("%04d-%02d-%02dT%02d:%02d:%02d", is.year, is.month, is.day, is.hour,
-                                is.minute, is.second);
-    }
     Phone phone;
     const NSCalendar calendar = NSCalendar::currentCalendar();
 };
@@ -44,12 +36,12 @@ TEST_F(Dates, a_change_of_the_clock_moves_no_day_and_no_time_of_day) {
         EXPECT_EQ(calendar.startOfNextDay(next.dateByAddingTimeInterval(-0.5)), next) << zone;
         const NSDate dayAfter = calendar.dateByAddingDays(dayBefore, 2);
         EXPECT_EQ(dayAfter, next.dateByAddingTimeInterval(12 * kHour)) << zone;
-        EXPECT_EQ(shown(dayAfter).substr(10), "T12:00:00") << zone;
-        EXPECT_EQ(shown(at(day + odd)), day + shownAs) << zone;
+        EXPECT_EQ(localTime(dayAfter).substr(10), "T12:00:00") << zone;
+        EXPECT_EQ(localTime(at(day + odd)), day + shownAs) << zone;
         for (NSDate date = dayBefore; date < dayAfter; date = date.dateByAddingTimeInterval(900)) {
             // What the clock shows twice leads back to one of the two.
             const NSDate back = calendar.dateFromComponents(calendar.componentsFromDate(date));
-            EXPECT_EQ(shown(back), shown(date)) << zone;
+            EXPECT_EQ(localTime(back), localTime(date)) << zone;
         }
     }
 }
@@ -60,9 +52,9 @@ TEST_F(Dates, days_are_counted_over_months_and_years) {
         const NSDate date = calendar.dateByAddingDays(sunday, day);
         EXPECT_EQ(calendar.componentsFromDate(date).weekday, 1 + day);
     }
-    EXPECT_EQ(shown(calendar.dateByAddingDays(sunday, -1)), "2026-02-28T23:59:59");
-    EXPECT_EQ(shown(calendar.dateByAddingDays(sunday, 306)), "2027-01-01T23:59:59");
-    EXPECT_EQ(shown(calendar.dateByAddingDays(sunday, 730)), "2028-02-29T23:59:59");
+    EXPECT_EQ(localTime(calendar.dateByAddingDays(sunday, -1)), "2026-02-28T23:59:59");
+    EXPECT_EQ(localTime(calendar.dateByAddingDays(sunday, 306)), "2027-01-01T23:59:59");
+    EXPECT_EQ(localTime(calendar.dateByAddingDays(sunday, 730)), "2028-02-29T23:59:59");
 }
 
 TEST_F(Dates, what_is_no_local_time_is_refused) {

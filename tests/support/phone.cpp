@@ -9,7 +9,10 @@
 #include <sstream>
 
 #include "app/app_delegate.h"
+#include "platform/foundation/calendar.h"
+#include "platform/foundation/string_format.h"
 #include "platform/services/application.h"
+#include "time/period.h"
 
 namespace gexlo::test {
 
@@ -26,6 +29,16 @@ bool isAmong(const std::string& line, const List& parts) {
 }
 
 }  // namespace
+
+NSDate at(const std::string& localTime) {
+    return dateFromLocalTime(localTime, NSCalendar::currentCalendar()).value();
+}
+
+std::string localTime(NSDate date) {
+    const auto is = NSCalendar::currentCalendar().componentsFromDate(date);
+    return stringWithFormat("%04d-%02d-%02dT%02d:%02d:%02d", is.year, is.month, is.day, is.hour,
+                            is.minute, is.second);
+}
 
 TemporaryDirectory::TemporaryDirectory() {
     std::string pattern = (std::filesystem::temp_directory_path() / "gexlo-test-XXXXXX").string();
@@ -83,6 +96,13 @@ void Phone::relaunch() {
     launch();
 }
 
+void Phone::launchAt(const std::string& localTime) {
+    quit();
+    const NSCalendar calendar = NSCalendar::calendarInTimeZone(facts.timeZone);
+    now_ = dateFromLocalTime(localTime, calendar).value().timeIntervalSince1970();
+    relaunch();
+}
+
 void Phone::upgrade(const std::string& bundleVersion) {
     facts.bundleVersion = bundleVersion;
     relaunch();
@@ -122,6 +142,19 @@ GXHomeworkData& Phone::addHomework(GXLessonData& lesson, const std::string& titl
     lesson.homework.addObject(homework);
     manager().saveContext();
     return homework;
+}
+
+GXClasstimeData& Phone::addClasstime(GXTimetableData& timetable, const Slot& slot, NSInteger hour,
+                                     NSInteger minute) {
+    auto& row = manager().addNewData<GXClasstimeData>();
+    row.week = slot.week;
+    row.period = slot.period;
+    row.beginHour = hour;
+    row.beginMin = minute;
+    row.endHour = kNotSet;
+    row.endMin = kNotSet;
+    timetable.classtimes.addObject(row);
+    return row;
 }
 
 void Phone::checkLog() const {

@@ -61,6 +61,8 @@ public:
     /// Quits if it runs, and switches on again without a launch.
     void restart();
     void relaunch();
+    /// Quits, and launches at a local time of the zone, which may lie before now.
+    void launchAt(const std::string& localTime);
     /// Quits, installs another bundle version over the same files, and launches.
     void upgrade(const std::string& bundleVersion);
     void advance(NSTimeInterval seconds);
@@ -73,6 +75,8 @@ public:
     GXLessonData& addSubject(GXTimetableData& timetable, const std::string& name,
                              const std::vector<Slot>& slots = {});
     GXHomeworkData& addHomework(GXLessonData& lesson, const std::string& title);
+    GXClasstimeData& addClasstime(GXTimetableData& timetable, const Slot& slot, NSInteger hour,
+                                  NSInteger minute);
 
     /// The log so far, without taking it. A line that is neither part of every run nor
     /// expected fails the test when the phone goes.
@@ -88,6 +92,10 @@ private:
     std::vector<std::string> log_;
     std::vector<std::string> expected_;
 };
+
+/// "2026-03-02T08:00:00" in the device's zone, and back.
+NSDate at(const std::string& localTime);
+std::string localTime(NSDate date);
 
 std::string readFile(const std::filesystem::path& file);
 void writeFile(const std::filesystem::path& file, const std::string& contents);
