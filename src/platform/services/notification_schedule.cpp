@@ -43,34 +43,10 @@ NSDate nextOccurrence(const UILocalNotification& note, NSDate now) {
     return next;
 }
 
-NSDictionary dictionaryFrom(const UILocalNotification& note) {
-    return {{"fireDate", note.fireDate.timeIntervalSince1970()},
-            {"timeZone", note.timeZone},
-            {"alertBody", note.alertBody},
-            {"alertAction", note.alertAction},
-            {"soundName", note.soundName},
-            {"repeatInterval", note.repeatInterval},
-            {"userInfo", note.userInfo}};
-}
-
 /// A field of a dictionary; absent where it has none.
 Object field(const NSDictionary& dictionary, std::string_view key) {
     const auto found = dictionary.find(key);
     return found == dictionary.end() ? Object() : found->second;
-}
-
-UILocalNotification notificationFrom(const NSDictionary& dictionary) {
-    UILocalNotification note;
-    note.fireDate =
-        NSDate::dateWithTimeIntervalSince1970(field(dictionary, "fireDate").doubleValue());
-    note.timeZone = field(dictionary, "timeZone").stringValue();
-    note.alertBody = field(dictionary, "alertBody").stringValue();
-    note.alertAction = field(dictionary, "alertAction").stringValue();
-    note.soundName = field(dictionary, "soundName").stringValue();
-    note.repeatInterval = field(dictionary, "repeatInterval").integerValue();
-    const Object info = field(dictionary, "userInfo");
-    if (const auto* userInfo = info.as<NSDictionary>()) note.userInfo = *userInfo;
-    return note;
 }
 
 /// Calls `visit` with each dictionary of a list; what is none is left out.
@@ -94,18 +70,42 @@ NotificationSchedule::~NotificationSchedule() {
     write();
 }
 
+NSDictionary NotificationSchedule::record(const UILocalNotification& note) {
+    return {{"identifier", note.identifier_},
+            {"fireDate", note.fireDate.timeIntervalSince1970()},
+            {"timeZone", note.timeZone},
+            {"alertBody", note.alertBody},
+            {"alertAction", note.alertAction},
+            {"soundName", note.soundName},
+            {"repeatInterval", note.repeatInterval},
+            {"userInfo", note.userInfo}};
+}
+
+UILocalNotification NotificationSchedule::recorded(const NSDictionary& record) {
+    UILocalNotification note;
+    note.identifier_ = field(record, "identifier").integerValue();
+    note.fireDate = NSDate::dateWithTimeIntervalSince1970(field(record, "fireDate").doubleValue());
+    note.timeZone = field(record, "timeZone").stringValue();
+    note.alertBody = field(record, "alertBody").stringValue();
+    note.alertAction = field(record, "alertAction").stringValue();
+    note.soundName = field(record, "soundName").stringValue();
+    note.repeatInterval = field(record, "repeatInterval").integerValue();
+    const Object info = field(record, "userInfo");
+    if (const auto* userInfo = info.as<NSDictionary>()) note.userInfo = *userInfo;
+    return note;
+}
+
 void NotificationSchedule::read() {
     const NSDictionary file = dictionaryFromFile(Device::current().facts().notificationsFile());
     lastIdentifier_ = std::max<NSInteger>(field(file, "lastIdentifier").integerValue(), 0);
     forEachIn(field(file, "scheduled"), [&](const NSDictionary& entry) {
-        UILocalNotification note = notificationFrom(entry);
-        note.identifier_ = field(entry, "identifier").integerValue();
+        UILocalNotification note = recorded(entry);
         lastIdentifier_ = std::max(lastIdentifier_, note.identifier_);
         const double due = field(entry, "due").doubleValue();
         put(std::move(note), NSDate::dateWithTimeIntervalSince1970(due));
     });
     forEachIn(field(file, "rung"),
-              [&](const NSDictionary& entry) { rung_.push_back(notificationFrom(entry)); });
+              [&](const NSDictionary& entry) { rung_.push_back(recorded(entry)); });
     changed_ = false;
 }
 
@@ -113,18 +113,24 @@ void NotificationSchedule::write() {
     if (!changed_) return;
     NSArray scheduled;
     for (const auto& [identifier, entry] : entries_) {
-        NSDictionary dictionary = dictionaryFrom(entry.note);
-        dictionary.emplace("identifier", identifier);
+        NSDictionary dictionary = record(entry.note);
         dictionary.emplace("due", entry.due.timeIntervalSince1970());
         scheduled.emplace_back(std::move(dictionary));
     }
     NSArray rung;
     for (const UILocalNotification& note : rung_)
-        rung.emplace_back(dictionaryFrom(note));
+        rung.emplace_back(record(note));
     const NSDictionary file{{"lastIdentifier", lastIdentifier_},
                             {"scheduled", std::move(scheduled)},
                             {"rung", std::move(rung)}};
     if (writeDictionary(file, Device::current().facts().notificationsFile())) changed_ = false;
+}
+
+/// A mark stays for good: archives made when it was given still have to cancel what bears it.
+void NotificationSchedule::mark(UILocalNotification& note) {
+    const bool isFree = note.identifier_ > 0 && !entries_.contains(note.identifier_);
+    if (!isFree) note.identifier_ = lastIdentifier_ + 1;
+    lastIdentifier_ = std::max(lastIdentifier_, note.identifier_);
 }
 
 void NotificationSchedule::put(UILocalNotification note, NSDate due) {
@@ -156,7 +162,7 @@ void NotificationSchedule::start(Ring ring) {
 }
 
 void NotificationSchedule::add(UILocalNotification& note) {
-    note.identifier_ = ++lastIdentifier_;
+    mark(note);
     const bool repeats = note.repeatInterval != 0;
     put(note, repeats ? nextOccurrence(note, NSDate::date()) : note.fireDate);
     armClock();

@@ -26,13 +26,14 @@ public:
     /// notification the newest 100 times, of all together the newest 1,000.
     void start(Ring ring);
 
-    /// Takes the notification and marks it as scheduled; the mark is part of its archive. A
-    /// date that has passed is due at once, a weekly one at its next time.
+    /// Takes the notification and marks it as scheduled; the mark is part of its archive. One
+    /// that is scheduled anew keeps its mark. A date that has passed is due at once, a weekly
+    /// one at its next time.
     void add(UILocalNotification& note);
     /// Takes out the notification that was marked so; does nothing for any other.
     void remove(const UILocalNotification& note);
     void removeAll();
-    /// In the order in which they were scheduled.
+    /// In the order in which they were first scheduled.
     std::vector<UILocalNotification> scheduled() const;
 
     /// What rang while the application was not there to see, oldest first.
@@ -46,8 +47,11 @@ private:
         NSDate due;
     };
 
+    static NSDictionary record(const UILocalNotification& note);
+    static UILocalNotification recorded(const NSDictionary& record);
     void read();
     void write();
+    void mark(UILocalNotification& note);
     void put(UILocalNotification note, NSDate due);
     /// Takes what is due, and sets it to its next time or forgets it.
     std::optional<Entry> takeDue(NSDate now);

@@ -1,0 +1,118 @@
+// What is scheduled rings at its time, whatever the application does by then.
+#include "alarms/alarms.h"
+#include "platform/views/window.h"
+
+namespace gexlo::test {
+namespace {
+
+class Ringing : public Alarms {
+protected:
+    UILocalNotification schedule(NSDate fireDate, NSInteger repeat, const std::string& body) {
+        UILocalNotification note;
+        note.fireDate = fireDate;
+        note.timeZone = phone.facts.timeZone;
+        note.alertBody = body;
+        note.repeatInterval = repeat;
+        note.userInfo = {{"lessonIndex", -1}};
+        application().scheduleLocalNotification(note);
+        return note;
+    }
+    static Texts rung() { return names(application().rungLocalNotifications()); }
+};
+
+TEST_F(Ringing, a_weekly_one_keeps_its_time_of_day_over_every_change_of_the_clock) {
+    // When the phone starts, what is scheduled, and when that rings.
+    const std::pair<const char*, Texts> cases[] = {
+        {"Europe/Berlin",
+         {"2026-03-22T02:00", "2026-03-22T02:30", "2026-03-22T02:30", "2026-03-29T03:30",
+          "2026-04-05T02:30"}},
+        {"Europe/Berlin",
+         {"2026-10-18T09:00", "2026-03-01T09:00", "2026-10-25T09:00", "2026-11-01T09:00"}},
+        {"America/New_York",
+         {"2026-03-07T23:59", "2026-02-22T00:00", "2026-03-08T00:00", "2026-03-15T00:00"}},
+        {"Asia/Seoul",
+         {"2026-12-13T08:00", "2026-12-26T23:59", "2026-12-26T23:59", "2027-01-02T23:59"}}};
+    for (const auto& [zone, times] : cases) {
+        phone.facts.timeZone = zone;
+        phone.launchAt(times[0] + ":00");
+        application().cancelAllLocalNotifications();
+        schedule(at(times[1] + ":00"), kRepeatWeekly, zone);
+        for (std::size_t i = 2; i < times.size(); ++i) {
+            phone.background();
+            const std::size_t before = rung().size();
+            phone.advance(at(times[i] + ":00").timeIntervalSinceDate(NSDate::date()) - 1);
+            EXPECT_EQ(rung().size(), before) << "too early before " << times[i];
+            phone.advance(1);
+            EXPECT_EQ(rung().size(), before + 1) << times[i];
+            phone.relaunch();
+        }
+    }
+}
+
+TEST_F(Ringing, while_active_an_alert_is_shown_unless_one_that_rings_once_is_late) {
+    UIWindow& window = UIWindow::keyWindow();
+    schedule(at("2026-03-02T07:59:56"), 0, "just now");
+    schedule(at("2026-03-02T07:59:55"), 0, "late");
+    schedule(at("2026-02-16T08:30:00"), kRepeatWeekly, "weekly");
+    schedule(at("2026-03-02T08:30:00"), 0, "in time");
+    phone.advance(1799);
+    EXPECT_EQ(window.alerts().size(), 1U);
+    phone.advance(1);
+    Texts shown;
+    for (const UIAlert& alert : window.alerts())
+        shown.push_back(alert.title + "|" + alert.message + "|" + alert.buttons.at(0).title);
+    EXPECT_EQ(shown, (Texts{"|just now|OK", "|weekly|OK", "|in time|OK"}));
+    EXPECT_EQ(names(), Texts{"weekly"});
+}
+
+TEST_F(Ringing, what_rang_unseen_can_be_tapped_later_and_stays_within_reach_of_its_archive) {
+    const UILocalNotification note = schedule(at("2026-02-25T09:00:00"), kRepeatWeekly, "weekly");
+    schedule(at("2026-03-03T09:00:00"), 0, "once");
+    phone.background();
+    phone.advance(2 * 86400);
+    phone.launchAt("2026-03-12T12:00:00");
+    phone.relaunch();
+    phone.background();
+    EXPECT_EQ(rung(), (Texts{"once", "weekly", "weekly"}));
+    while (!rung().empty()) {
+        const UILocalNotification tapped = application().rungLocalNotifications().front();
+        application().removeRungLocalNotification(0);
+        application().open(tapped);
+        EXPECT_EQ(names(), Texts{"weekly"});
+    }
+    EXPECT_TRUE(UIWindow::keyWindow().alerts().empty());
+    application().cancelLocalNotification(note);
+    EXPECT_TRUE(scheduled().empty());
+}
+
+TEST_F(Ringing, an_archive_cancels_its_own_after_a_relaunch_and_no_equal_one) {
+    const NSDate date = at("2026-03-03T09:00:00").dateByAddingTimeInterval(0.1);
+    for (const char* body : {" a ", "\n(x) & <b> ]]>", "\x01\r\n\t", "", "수업"}) {
+        const UILocalNotification first = schedule(date, 0, body);
+        const UILocalNotification second = schedule(date, 0, body);
+        phone.relaunch();
+        const auto restored = UILocalNotification::fromArchive(first.archive());
+        for (int twice = 0; twice < 2; ++twice)
+            application().cancelLocalNotification(restored.value());
+        EXPECT_EQ(scheduled(), std::vector{second}) << body;
+        application().cancelLocalNotification(second);
+    }
+}
+
+TEST_F(Ringing, an_upgrade_rebuilds_what_is_lost_and_a_new_install_sheds_what_is_left) {
+    manager().setAlarm_inClass(3, addPlacement("Maths", mon(1)));
+    phone.quit();
+    std::filesystem::remove(phone.facts.notificationsFile());
+    phone.relaunch();
+    schedule(at("2026-03-03T09:00:00"), 0, "foreign");
+    phone.upgrade("48");
+    EXPECT_EQ(names(), Texts{"Maths"});
+    phone.quit();
+    std::filesystem::remove_all(phone.facts.preferencesDirectory());
+    std::filesystem::remove_all(phone.facts.groupDirectory());
+    phone.relaunch();
+    EXPECT_TRUE(scheduled().empty());
+}
+
+}  // namespace
+}  // namespace gexlo::test
