@@ -114,5 +114,34 @@ TEST_F(Ringing, an_upgrade_rebuilds_what_is_lost_and_a_new_install_sheds_what_is
     EXPECT_TRUE(scheduled().empty());
 }
 
+TEST_F(Ringing, a_damaged_file_costs_no_more_than_what_is_damaged) {
+    const auto entry = [](const char* identifier, const char* due, const std::string& more = "") {
+        return "<dict>" + more + "<key>identifier</key><integer>" + identifier +
+               "</integer><key>due</key><real>" + due + "</real></dict>";
+    };
+    const std::string weekly = "<key>repeatInterval</key><integer>8192</integer>";
+    const std::pair<std::string, std::size_t> cases[] = {
+        {"</plist>", 0},
+        {"<true/><string/>" + entry("3", "1773e6") + entry("3", "1774e6"), 2},
+        {entry("9223372036854775807", "1773e6", weekly) + entry("-1", "1773e6"), 2},
+        {entry("1", "nan") + entry("2", "1e300"), 0},
+        {entry("1", "1773e6", weekly + "<key>fireDate</key><real>-1e300</real>"), 0},
+        {entry("1", "1773e6", weekly + "<key>timeZone</key><string>x</string>"), 1}};
+    phone.expectLog("Notifications.plist cannot be read and is kept as ");
+    for (const auto& [entries, kept] : cases) {
+        phone.quit();
+        writeFile(phone.facts.notificationsFile(),
+                  "<plist><dict><key>scheduled</key><array>" + entries + "</array></dict></plist>");
+        phone.launchAt("2026-03-02T08:00:00");
+        EXPECT_EQ(scheduled().size(), kept) << entries;
+        const UILocalNotification added = schedule(at("2026-04-20T09:00:00"), 0, "added");
+        phone.background();
+        phone.advance(30 * 86400);
+        phone.relaunch();
+        application().cancelLocalNotification(added);
+        EXPECT_TRUE(names().empty() || names().back() != "added") << entries;
+    }
+}
+
 }  // namespace
 }  // namespace gexlo::test

@@ -13,12 +13,19 @@ namespace {
 constexpr std::size_t kNewestOfOne = 100;
 constexpr std::size_t kNewestOfAll = 1000;
 constexpr double kWeek = 7 * 86400.0;
-/// Beyond it a calendar is of no use: some ten thousand years around now.
+/// Beyond these a calendar is of no use: the year 1, and ten thousand years from now.
+constexpr double kEarliestDate = -62135596800;
 constexpr double kFarthestDate = 4e11;
+/// A file or an archive can hold any number; up to here marks can be counted on from it.
+constexpr NSInteger kLargestMark = NSInteger{1} << 53;
 
 bool isSane(NSDate date) {
     const double seconds = date.timeIntervalSince1970();
-    return seconds > -kFarthestDate && seconds < kFarthestDate;
+    return seconds > kEarliestDate && seconds < kFarthestDate;
+}
+
+bool isMark(NSInteger identifier) {
+    return identifier > 0 && identifier <= kLargestMark;
 }
 
 NSCalendar calendarOf(const UILocalNotification& note) {
@@ -97,10 +104,11 @@ UILocalNotification NotificationSchedule::recorded(const NSDictionary& record) {
 
 void NotificationSchedule::read() {
     const NSDictionary file = dictionaryFromFile(Device::current().facts().notificationsFile());
-    lastIdentifier_ = std::max<NSInteger>(field(file, "lastIdentifier").integerValue(), 0);
+    const NSInteger last = field(file, "lastIdentifier").integerValue();
+    if (isMark(last)) lastIdentifier_ = last;
     forEachIn(field(file, "scheduled"), [&](const NSDictionary& entry) {
         UILocalNotification note = recorded(entry);
-        lastIdentifier_ = std::max(lastIdentifier_, note.identifier_);
+        mark(note);
         const double due = field(entry, "due").doubleValue();
         put(std::move(note), NSDate::dateWithTimeIntervalSince1970(due));
     });
@@ -128,7 +136,7 @@ void NotificationSchedule::write() {
 
 /// A mark stays for good: archives made when it was given still have to cancel what bears it.
 void NotificationSchedule::mark(UILocalNotification& note) {
-    const bool isFree = note.identifier_ > 0 && !entries_.contains(note.identifier_);
+    const bool isFree = isMark(note.identifier_) && !entries_.contains(note.identifier_);
     if (!isFree) note.identifier_ = lastIdentifier_ + 1;
     lastIdentifier_ = std::max(lastIdentifier_, note.identifier_);
 }
@@ -163,7 +171,7 @@ void NotificationSchedule::start(Ring ring) {
 
 void NotificationSchedule::add(UILocalNotification& note) {
     mark(note);
-    const bool repeats = note.repeatInterval != 0;
+    const bool repeats = note.repeatInterval != 0 && isSane(note.fireDate);
     put(note, repeats ? nextOccurrence(note, NSDate::date()) : note.fireDate);
     armClock();
 }
@@ -190,7 +198,7 @@ std::vector<UILocalNotification> NotificationSchedule::scheduled() const {
 }
 
 void NotificationSchedule::addRung(const UILocalNotification& note) {
-    if (rung_.size() == kNewestOfAll) rung_.erase(rung_.begin());
+    if (rung_.size() >= kNewestOfAll) rung_.erase(rung_.begin());
     rung_.push_back(note);
     changed_ = true;
 }
