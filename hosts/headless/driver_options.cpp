@@ -45,6 +45,14 @@ std::string checkLanguages(const std::vector<std::string>& languages) {
 
 }  // namespace
 
+bool readScreenSize(const std::string& text, DeviceFacts& facts) {
+    const auto size = sizeFromText(text);
+    if (!size) return false;
+    facts.screenWidth = size->width;
+    facts.screenHeight = size->height;
+    return true;
+}
+
 DriverCommandLine parseDriverCommandLine(int count, const char* const* arguments) {
     DriverOptions options{.facts = desktopFacts()};
     DeviceFacts& facts = options.facts;
@@ -89,11 +97,7 @@ DriverCommandLine parseDriverCommandLine(int count, const char* const* arguments
         if (const auto wrong = checkLanguages(facts.languages); !wrong.empty()) {
             throw CLI::ValidationError("--languages", wrong);
         }
-        if (!screen.empty()) {
-            const Size size = *sizeFromText(screen);
-            facts.screenWidth = size.width;
-            facts.screenHeight = size.height;
-        }
+        if (!screen.empty()) readScreenSize(screen, facts);
         if (!now.empty()) {
             const auto date =
                 dateFromLocalTime(now, NSCalendar::calendarInTimeZone(facts.timeZone));

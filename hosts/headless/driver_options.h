@@ -21,6 +21,9 @@ struct DriverCommandLine {
     int exitCode = 0;
 };
 
+/// Takes a screen of that size, as "375x667"; whether it is one.
+bool readScreenSize(const std::string& text, DeviceFacts& facts);
+
 DriverCommandLine parseDriverCommandLine(int count, const char* const* arguments);
 
 }  // namespace gexlo

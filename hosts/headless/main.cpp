@@ -5,23 +5,8 @@
 
 #include "hosts/headless/driver.h"
 #include "hosts/headless/driver_options.h"
+#include "hosts/headless/line_reader.h"
 #include "platform/foundation/installation_lock.h"
-
-namespace {
-
-/// Reads a line of at most the driver's length; of a longer one the rest is passed over, and
-/// what is given is just too long.
-bool readLine(std::istream& in, std::string& line) {
-    line.clear();
-    std::streambuf& buffer = *in.rdbuf();
-    for (int c = buffer.sbumpc(); c != std::char_traits<char>::eof(); c = buffer.sbumpc()) {
-        if (c == '\n') return true;
-        if (line.size() <= gexlo::Driver::kLongestLine) line += static_cast<char>(c);
-    }
-    return !line.empty();
-}
-
-}  // namespace
 
 int main(int count, char** arguments) {
     const gexlo::DriverCommandLine commandLine = gexlo::parseDriverCommandLine(count, arguments);
@@ -39,7 +24,7 @@ int main(int count, char** arguments) {
     gexlo::Driver driver;
     std::ios::sync_with_stdio(false);
     std::string line;
-    while (readLine(std::cin, line))
+    while (gexlo::readDriverLine(std::cin, line))
         std::cout << driver.answer(line) << std::endl;
     driver.end();
     return 0;

@@ -177,6 +177,8 @@ void NotificationSchedule::add(UILocalNotification& note) {
 }
 
 void NotificationSchedule::remove(const UILocalNotification& note) {
+    // What rang and still lies unseen goes with it: a tap would schedule it again.
+    if (std::erase(rung_, note) > 0) changed_ = true;
     const auto found = entries_.find(note.identifier_);
     if (found == entries_.end() || !(found->second.note == note)) return;
     byDue_.erase({found->second.due, note.identifier_});

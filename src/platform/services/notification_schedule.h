@@ -30,7 +30,8 @@ public:
     /// that is scheduled anew keeps its mark. A date that has passed is due at once, a weekly
     /// one at its next time.
     void add(UILocalNotification& note);
-    /// Takes out the notification that was marked so; does nothing for any other.
+    /// Takes out the notification that was marked so, and what rang of it; does nothing for
+    /// any other.
     void remove(const UILocalNotification& note);
     void removeAll();
     /// In the order in which they were first scheduled.

@@ -1,5 +1,7 @@
 #include "platform/views/text_input.h"
 
+#include <algorithm>
+
 #include "platform/views/window.h"
 
 namespace gexlo {
@@ -20,22 +22,31 @@ void UITextInput::resignFirstResponder() {
     if (isFirstResponder()) window()->setFirstResponder(nullptr);
 }
 
-bool UITextInput::replace(std::size_t location, std::string_view replacement) {
+bool UITextInput::replace(std::size_t location, std::size_t length, std::string_view replacement) {
     const auto asked = delegate();
-    if (asked && !asked->shouldChange(*this, location, text_.size() - location, replacement)) {
-        return false;
-    }
-    setText(text_.substr(0, location) + std::string(replacement));
+    if (asked && !asked->shouldChange(*this, location, length, replacement)) return false;
+    std::string text = text_;
+    setText(text.replace(location, length, replacement));
     sendActions(UIControlEvent::editingChanged);
     return true;
 }
 
 bool UITextInput::insertText(std::string_view text) {
-    return replace(text_.size(), text);
+    return replace(text_.size(), 0, text);
 }
 
 bool UITextInput::deleteAll() {
-    return text_.empty() || replace(0, "");
+    return text_.empty() || replace(0, text_.size(), "");
+}
+
+bool UITextInput::replaceAll(std::string_view text) {
+    if (text == text_) return true;
+    const auto changed = std::mismatch(text_.begin(), text_.end(), text.begin(), text.end()).first;
+    auto location = static_cast<std::size_t>(changed - text_.begin());
+    // Whole characters: none is cut between its bytes.
+    while (location > 0 && location < text.size() && (text[location] & 0xC0) == 0x80)
+        --location;
+    return replace(location, text_.size() - location, text.substr(location));
 }
 
 void UITextInput::touchesEnded(CGPoint inWindow) {

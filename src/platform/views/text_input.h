@@ -57,13 +57,15 @@ public:
     /// From the keyboard: whether the delegate let it in.
     bool insertText(std::string_view text);
     bool deleteAll();
+    /// From a keyboard that edits anywhere: what differs is asked of the delegate.
+    bool replaceAll(std::string_view text);
     virtual void returnKey() = 0;
 
     void touchesEnded(CGPoint inWindow) override;
 
 private:
     friend class UIWindow;
-    bool replace(std::size_t location, std::string_view replacement);
+    bool replace(std::size_t location, std::size_t length, std::string_view replacement);
     void focusChanged(bool hasFocus);
 
     std::string text_;

@@ -61,6 +61,7 @@ bool UIWindow::canReach(const UIView& view) {
 void UIWindow::present(UIAlert alert) {
     touchCancel();
     alerts_.push_back(std::move(alert));
+    ++alertNumber_;
     markChanged();
 }
 
@@ -68,6 +69,7 @@ void UIWindow::answer(std::size_t button, const std::vector<std::string>& texts)
     if (alerts_.empty() || button >= alerts_.back().buttons.size()) return;
     UIAlert alert = std::move(alerts_.back());
     alerts_.pop_back();
+    ++alertNumber_;
     markChanged();
     for (std::size_t i = 0; i < std::min(texts.size(), alert.fields.size()); ++i)
         alert.fields[i].text = texts[i];
@@ -81,8 +83,10 @@ void UIWindow::setFirstResponder(UITextInput* input) {
         input ? std::static_pointer_cast<UITextInput>(input->shared_from_this()) : nullptr;
     if (former) former->focusChanged(false);
     NSNotificationCenter& center = NSNotificationCenter::defaultCenter();
-    if (!former && input) {
-        const double height = Device::current().facts().keyboardHeight;
+    const double height = Device::current().facts().keyboardHeight;
+    if (height == 0) {
+        // A device with keys of its own shows none.
+    } else if (!former && input) {
         center.postNotificationName(kKeyboardWillShowNotification, {{"height", height}});
     } else if (former && !input) {
         center.postNotificationName(kKeyboardWillHideNotification);

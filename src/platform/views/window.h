@@ -44,6 +44,8 @@ public:
     void present(UIAlert alert);
     /// Topmost last.
     const std::vector<UIAlert>& alerts() const { return alerts_; }
+    /// Another number whenever another alert is topmost.
+    unsigned alertNumber() const { return alertNumber_; }
     /// Takes the topmost alert away, and then tells who presented it. Does nothing for a
     /// button that it has not.
     void answer(std::size_t button, const std::vector<std::string>& texts = {});
@@ -61,6 +63,7 @@ public:
 
 private:
     std::vector<UIAlert> alerts_;
+    unsigned alertNumber_ = 0;
     // The touched view and all above it: any of them may be removed by what the touch does.
     std::vector<std::shared_ptr<UIView>> path_;
     std::shared_ptr<UITextInput> firstResponder_;
