@@ -10,9 +10,12 @@ using nlohmann::json;
 
 namespace {
 
-const DriverCommand* commandNamed(std::string_view name) {
-    for (const auto& table : {applicationCommands(), stateCommands(), notificationCommands(),
-                              viewCommands(), tableCommands(), alertCommands(), typingCommands()}) {
+using Commands = std::span<const DriverCommand>;
+
+const DriverCommand* commandNamed(std::string_view name, Commands ofHost) {
+    for (const auto& table :
+         {applicationCommands(), stateCommands(), notificationCommands(), viewCommands(),
+          tableCommands(), alertCommands(), typingCommands(), ofHost}) {
         for (const DriverCommand& command : table) {
             if (command.name == name) return &command;
         }
@@ -20,13 +23,13 @@ const DriverCommand* commandNamed(std::string_view name) {
     return nullptr;
 }
 
-json run(std::string_view line) {
+json run(std::string_view line, Commands ofHost) {
     if (line.size() > Driver::kLongestLine) throw CommandError("the line is too long");
     const json fields = json::parse(line, nullptr, false);
     if (fields.is_discarded()) throw CommandError("the line is not JSON");
     if (!fields.is_object()) throw CommandError("the line is no JSON object");
     const std::string name = textField(fields, "cmd");
-    const DriverCommand* command = commandNamed(name);
+    const DriverCommand* command = commandNamed(name, ofHost);
     if (!command) throw CommandError("unknown command \"" + name + "\"");
     const UIApplication& application = UIApplication::sharedApplication();
     if (command->needsLaunch && application.applicationState() == UIApplicationState::notRunning) {
@@ -43,7 +46,7 @@ json run(std::string_view line) {
 std::string Driver::answer(std::string_view line) {
     json answer;
     try {
-        answer = run(line);
+        answer = run(line, ofHost_);
         answer["ok"] = true;
     } catch (const CommandError& error) {
         answer = {{"ok", false}, {"error", error.what()}};

@@ -50,6 +50,10 @@ void addImage(json& result, const UIImage& image) {
     }
 }
 
+void addTint(json& result, const UIColor& tint) {
+    if (tint.alpha > 0) result["tint"] = jsonFromColor(tint);
+}
+
 void addLabel(json& result, const UILabel& label) {
     addText(result, label, label.text());
     result["textColor"] = jsonFromColor(label.textColor());
@@ -57,8 +61,8 @@ void addLabel(json& result, const UILabel& label) {
 }
 
 void addButton(json& result, const UIButton& button) {
-    addImage(result, button.image());
-    if (button.tintColor().alpha > 0) result["tint"] = jsonFromColor(button.tintColor());
+    addImage(result, button.image().isNone() ? button.backgroundImage() : button.image());
+    addTint(result, button.tintColor());
     if (button.title().empty()) return;
     addText(result, button, button.title());
     result["textColor"] = jsonFromColor(button.titleColor());
@@ -77,7 +81,10 @@ void addInput(json& result, UITextInput& input) {
 
 void addKind(json& result, UIView& view) {
     if (const auto* label = dynamic_cast<UILabel*>(&view)) addLabel(result, *label);
-    if (const auto* image = dynamic_cast<UIImageView*>(&view)) addImage(result, image->image());
+    if (const auto* image = dynamic_cast<UIImageView*>(&view)) {
+        addImage(result, image->image());
+        addTint(result, image->tintColor());
+    }
     if (const auto* button = dynamic_cast<UIButton*>(&view)) addButton(result, *button);
     if (auto* input = dynamic_cast<UITextInput*>(&view)) addInput(result, *input);
     if (const auto* slider = dynamic_cast<UISlider*>(&view)) result["value"] = slider->value();

@@ -7,13 +7,42 @@
 
 namespace gexlo {
 
+namespace {
+
+constexpr double kDeleteWidth = 38;
+constexpr double kReorderWidth = 42;
+
+}  // namespace
+
 UITableViewCell::UITableViewCell() : contentView_(std::make_shared<UIView>()) {
     addSubview(contentView_);
 }
 
+CGRect UITableViewCell::deleteMark() const {
+    return {0, 0, deleteWidth_, frame().height};
+}
+
+CGRect UITableViewCell::reorderMark() const {
+    return {frame().width - reorderWidth_, 0, reorderWidth_, frame().height};
+}
+
 void UITableView::setEditing(bool editing) {
     editing_ = editing;
+    for (const auto& cell : inSight_)
+        layoutCell(*cell);
     markChanged();
+}
+
+void UITableView::layoutCell(UITableViewCell& cell) {
+    const NSIndexPath path = cell.indexPath_;
+    const auto source = editing_ ? source_.lock() : nullptr;
+    cell.deleteWidth_ = source && source->canEditRow(*this, path) ? kDeleteWidth : 0;
+    cell.reorderWidth_ = source && source->canMoveRow(*this, path) ? kReorderWidth : 0;
+    cell.setFrame(rectForRow(path));
+    const CGSize size = cell.frame().size();
+    cell.contentView().setFrame(
+        {cell.deleteWidth_, 0, size.width - cell.deleteWidth_ - cell.reorderWidth_, size.height});
+    cell.layoutSubviews();
 }
 
 NSInteger UITableView::numberOfRowsInSection(NSInteger section) const {
@@ -132,9 +161,7 @@ std::shared_ptr<UITableViewCell> UITableView::cellForRow(NSIndexPath path) {
     if (!source) return nullptr;
     auto cell = source->cellForRow(*this, path);
     cell->indexPath_ = path;
-    cell->setFrame(rectForRow(path));
-    cell->contentView().setFrame(cell->bounds());
-    cell->layoutSubviews();
+    layoutCell(*cell);
     return cell;
 }
 
@@ -166,10 +193,14 @@ bool UITableView::dragRow(NSIndexPath from, NSIndexPath to) {
 
 void UITableView::touchesEnded(CGPoint inWindow) {
     for (const auto& cell : inSight_) {
-        if (cell->frameInWindow().contains(inWindow)) {
+        const CGRect row = cell->frameInWindow();
+        if (!row.contains(inWindow)) continue;
+        if (cell->deleteMark().offsetBy(row.origin()).contains(inWindow)) {
+            requestDelete(cell->indexPath_);
+        } else {
             selectRow(cell->indexPath_);
-            return;
         }
+        return;
     }
 }
 

@@ -19,19 +19,27 @@ struct NSIndexPath {
     bool operator==(const NSIndexPath&) const = default;
 };
 
-/// One row. Its owner puts views into `contentView`, which is as large as the row.
+/// One row. Its owner puts views into `contentView`, which is as large as the row, less the
+/// marks that editing shows.
 class UITableViewCell : public UIView {
 public:
     UITableViewCell();
     const char* className() const override { return "UITableViewCell"; }
     UIView& contentView() { return *contentView_; }
-    /// Called once the row has its size.
+    /// Called whenever the content has its size.
     virtual void layoutSubviews() {}
+
+    /// Where a touch deletes the row, and where one drags it, in the row's coordinates; of
+    /// size 0 for what it does not offer now.
+    CGRect deleteMark() const;
+    CGRect reorderMark() const;
 
 private:
     friend class UITableView;
     std::shared_ptr<UIView> contentView_;
     NSIndexPath indexPath_;
+    double deleteWidth_ = 0;
+    double reorderWidth_ = 0;
 };
 
 /// Whom a table asks for its rows.
@@ -111,6 +119,7 @@ private:
     void makeHeaders();
     std::vector<NSIndexPath> pathsInSight() const;
     void layoutRows();
+    void layoutCell(UITableViewCell& cell);
 
     std::weak_ptr<UITableViewDataSource> source_;
     std::weak_ptr<UITableViewDelegate> delegate_;

@@ -1,0 +1,172 @@
+#include "hosts/drawing/alert_view.h"
+
+#include <algorithm>
+#include <string>
+
+#include "hosts/drawing/qt_text_measure.h"
+#include "platform/views/button.h"
+#include "platform/views/label.h"
+#include "platform/views/text_input.h"
+
+namespace gexlo {
+
+namespace {
+
+constexpr UIColor kDim = UIColor::colorWithWhite(0, 0.4F);
+constexpr UIColor kPanel = UIColor::colorWithWhite(0.97F);
+constexpr UIColor kLine = UIColor::colorWithWhite(0.78F);
+constexpr UIColor kAction = UIColor::colorWithRed_green_blue(0, 0.48F, 1);
+constexpr UIColor kDestructive = UIColor::colorWithRed_green_blue(1, 0.23F, 0.19F);
+constexpr UIColor kQuiet = UIColor::colorWithWhite(0.45F);
+
+constexpr double kRadius = 13;
+constexpr double kMargin = 16;
+constexpr double kFieldHeight = 30;
+constexpr double kHairline = 0.5;
+
+/// What sets the two kinds apart.
+struct Looks {
+    float titleSize;
+    bool titleBold;
+    UIColor textColor;
+    float buttonSize;
+    double buttonHeight;
+};
+constexpr Looks kAlertLooks{17, true, UIColor::blackColor(), 17, 44};
+constexpr Looks kSheetLooks{13, true, kQuiet, 20, 57};
+
+using Button = UIAlert::Button;
+
+/// A panel that grows downwards.
+class Panel {
+public:
+    Panel(double width, const Looks& looks)
+        : view_(std::make_shared<UIView>(CGRect{0, 0, width, 0})), looks_(looks) {
+        view_->setBackgroundColor(kPanel);
+        view_->setCornerRadius(kRadius);
+        view_->setClipsToBounds(true);
+    }
+
+    void addTexts(const UIAlert& alert) {
+        if (alert.title.empty() && alert.message.empty() && alert.fields.empty()) return;
+        height_ += kMargin;
+        addText(alert.title, {"", looks_.titleSize, looks_.titleBold});
+        addText(alert.message, UIFont::systemFontOfSize(13));
+        for (const UIAlert::Field& field : alert.fields)
+            addField(field);
+        height_ += kMargin;
+    }
+
+    /// In one row, or each in its own.
+    void addButtons(const std::vector<Button>& buttons, bool beside) {
+        if (buttons.empty()) return;
+        const double width =
+            beside ? this->width() / static_cast<double>(buttons.size()) : this->width();
+        double x = 0;
+        for (const Button& button : buttons) {
+            addLine({x, height_, width, kHairline});
+            if (x > 0) addLine({x, height_, kHairline, looks_.buttonHeight});
+            addButton(button, {x, height_, width, looks_.buttonHeight});
+            if (beside) {
+                x += width;
+            } else {
+                height_ += looks_.buttonHeight;
+            }
+        }
+        if (beside) height_ += looks_.buttonHeight;
+    }
+
+    double width() const { return view_->frame().width; }
+    double height() const { return height_; }
+    std::shared_ptr<UIView> at(CGPoint origin) {
+        view_->setFrame({origin.x, origin.y, width(), height_});
+        return view_;
+    }
+
+private:
+    void addText(const std::string& text, const UIFont& font) {
+        if (text.empty()) return;
+        const double inner = width() - 2 * kMargin;
+        const double height = QtTextMeasure().sizeOfText(text, font, inner).height;
+        auto label = std::make_shared<UILabel>(CGRect{kMargin, height_, inner, height});
+        label->setText(text);
+        label->setFont(font);
+        label->setTextColor(looks_.textColor);
+        label->setTextAlignment(NSTextAlignment::center);
+        label->setNumberOfLines(0);
+        view_->addSubview(std::move(label));
+        height_ += height + 4;
+    }
+
+    void addField(const UIAlert::Field& field) {
+        auto view = std::make_shared<UITextField>(
+            CGRect{kMargin, height_ + 4, width() - 2 * kMargin, kFieldHeight});
+        view->setText(field.text);
+        view->setPlaceholder(field.placeholder);
+        view->setSecureTextEntry(field.secure);
+        view->setBackgroundColor(UIColor::whiteColor());
+        view->setBorder(kHairline, kLine);
+        view_->addSubview(std::move(view));
+        height_ += 4 + kFieldHeight;
+    }
+
+    void addButton(const Button& button, CGRect frame) {
+        const bool isDestructive = button.style == Button::Style::destructive;
+        auto view = std::make_shared<UIButton>(frame);
+        view->setTitle(button.title);
+        view->setFont({"", looks_.buttonSize, button.style == Button::Style::cancel});
+        view->setTitleColor(isDestructive ? kDestructive : kAction);
+        view_->addSubview(std::move(view));
+    }
+
+    void addLine(CGRect frame) {
+        auto line = std::make_shared<UIView>(frame);
+        line->setBackgroundColor(kLine);
+        view_->addSubview(std::move(line));
+    }
+
+    std::shared_ptr<UIView> view_;
+    const Looks& looks_;
+    double height_ = 0;
+};
+
+void addAlert(UIView& dim, const UIAlert& alert, CGSize screen) {
+    static constexpr double kWidth = 270;
+    Panel panel(std::min(kWidth, screen.width - 2 * kMargin), kAlertLooks);
+    panel.addTexts(alert);
+    panel.addButtons(alert.buttons, alert.buttons.size() == 2);
+    dim.addSubview(
+        panel.at({(screen.width - panel.width()) / 2, (screen.height - panel.height()) / 2}));
+}
+
+/// What cancels stands apart, at the foot.
+void addSheet(UIView& dim, const UIAlert& alert, CGSize screen) {
+    static constexpr double kGap = 8;
+    std::vector<Button> choices;
+    std::vector<Button> cancels;
+    for (const Button& button : alert.buttons)
+        (button.style == Button::Style::cancel ? cancels : choices).push_back(button);
+    Panel above(screen.width - 2 * kGap, kSheetLooks);
+    above.addTexts(alert);
+    above.addButtons(choices, false);
+    Panel below(above.width(), kSheetLooks);
+    below.addButtons(cancels, false);
+    const double footY = screen.height - kGap - below.height();
+    dim.addSubview(above.at({kGap, footY - (cancels.empty() ? 0 : kGap) - above.height()}));
+    dim.addSubview(below.at({kGap, footY}));
+}
+
+}  // namespace
+
+std::shared_ptr<UIView> alertView(const UIAlert& alert, CGSize screen) {
+    auto dim = std::make_shared<UIView>(CGRect{0, 0, screen.width, screen.height});
+    dim->setBackgroundColor(kDim);
+    if (alert.kind == UIAlert::Kind::sheet) {
+        addSheet(*dim, alert, screen);
+    } else {
+        addAlert(*dim, alert, screen);
+    }
+    return dim;
+}
+
+}  // namespace gexlo

@@ -1,0 +1,189 @@
+#include "hosts/drawing/view_kinds.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "hosts/drawing/qt_values.h"
+#include "hosts/drawing/text_layout.h"
+#include "platform/views/activity_indicator_view.h"
+#include "platform/views/button.h"
+#include "platform/views/image_view.h"
+#include "platform/views/slider.h"
+#include "platform/views/table_view.h"
+#include "platform/views/text_input.h"
+
+namespace gexlo {
+
+namespace {
+
+constexpr UIColor kPlaceholderColor = UIColor::colorWithWhite(0.78F);
+constexpr UIColor kTrackColor = UIColor::colorWithWhite(0.72F);
+constexpr UIColor kAccentColor = UIColor::colorWithRed_green_blue(0, 0.48F, 1);
+constexpr UIColor kDeleteColor = UIColor::colorWithRed_green_blue(1, 0.23F, 0.19F);
+
+/// The part of a line that must be seen for it to stand there: frames are made for fonts whose
+/// lines are a little lower.
+constexpr double kNeededOfLine = 0.75;
+
+int linesThatFit(double height, const UIFont& font) {
+    const double lines = height / TextLayout::lineHeightOf(font.size) + 1 - kNeededOfLine;
+    return std::max(1, static_cast<int>(std::min(lines, 1e6)));
+}
+
+CGRect centered(CGSize size, const CGRect& box) {
+    const CGPoint center = box.center();
+    return {center.x - size.width / 2, center.y - size.height / 2, size.width, size.height};
+}
+
+CGRect disc(CGPoint center, double diameter) {
+    return centered({diameter, diameter}, {center.x, center.y, 0, 0});
+}
+
+void drawLabel(Canvas& canvas, const UILabel& label, const CGRect& frame) {
+    if (label.text().empty() || canvas.isOutside(frame)) return;
+    const int most = linesThatFit(frame.height, label.font());
+    const int lines = label.numberOfLines() > 0 ? std::min(most, label.numberOfLines()) : most;
+    const double smallest = label.numberOfLines() == 1 ? label.minimumScaleFactor() : 1;
+    const TextLayout layout(label.text(), label.font(),
+                            {.width = frame.width, .lines = lines, .smallestScale = smallest});
+    canvas.text(layout, frame, label.textAlignment(), label.textColor());
+}
+
+void drawImageView(Canvas& canvas, const UIImageView& view, const CGRect& frame) {
+    canvas.image(view.image(), frame, view.tintColor());
+}
+
+/// The image and the title, beside each other in the middle.
+void drawButton(Canvas& canvas, const UIButton& button, const CGRect& frame) {
+    if (canvas.isOutside(frame)) return;
+    canvas.image(button.backgroundImage(), frame, button.tintColor());
+    CGSize image = canvas.sizeOf(button.image());
+    const double fit = std::min({1.0, frame.width / std::max(image.width, 1.0),
+                                 frame.height / std::max(image.height, 1.0)});
+    image = {image.width * fit, image.height * fit};
+    const TextLayout title(button.title(), button.font(),
+                           {.width = frame.width - image.width, .lines = 1});
+    const double titleWidth = title.size().width;
+    CGRect row = centered({image.width + titleWidth, frame.height}, frame);
+    canvas.image(button.image(), centered(image, {row.x, row.y, image.width, row.height}),
+                 button.tintColor());
+    canvas.text(title, {row.x + image.width, row.y, titleWidth, row.height}, NSTextAlignment::left,
+                button.titleColor());
+}
+
+void drawTextField(Canvas& canvas, const UITextField& field, const CGRect& frame) {
+    static constexpr double kInset = 7;
+    static constexpr const char* kDot = "\u2022";
+    if (canvas.isOutside(frame)) return;
+    std::string text = field.text();
+    if (field.isSecureTextEntry()) {
+        const auto characters = qtText(text).toUcs4().size();
+        text.clear();
+        for (qsizetype i = 0; i < characters; ++i)
+            text += kDot;
+    }
+    const bool isEmpty = text.empty();
+    const CGRect box{frame.x + kInset, frame.y, frame.width - 2 * kInset, frame.height};
+    const TextLayout layout(isEmpty ? field.placeholder() : text, field.font(),
+                            {.width = box.width, .lines = 1});
+    canvas.text(layout, box, field.textAlignment(),
+                isEmpty ? kPlaceholderColor : field.textColor());
+}
+
+void drawTextView(Canvas& canvas, const UITextView& view, const CGRect& frame) {
+    static constexpr double kSide = 5;
+    static constexpr double kTop = 8;
+    if (canvas.isOutside(frame)) return;
+    const bool isEmpty = view.text().empty();
+    const CGRect box{frame.x + kSide, frame.y + kTop, frame.width - 2 * kSide, frame.height - kTop};
+    const TextLayout layout(
+        isEmpty ? view.placeholder() : view.text(), view.font(),
+        {.width = box.width, .lines = linesThatFit(box.height, view.font()) + 1, .elides = false});
+    canvas.text(layout, box, view.textAlignment(), isEmpty ? kPlaceholderColor : view.textColor(),
+                TextPlacement::top);
+}
+
+void drawSlider(Canvas& canvas, const UISlider& slider, const CGRect& frame) {
+    static constexpr double kKnob = 28;
+    static constexpr double kTrack = 2;
+    const float range = slider.maximumValue() - slider.minimumValue();
+    const double part = range > 0 ? (slider.value() - slider.minimumValue()) / range : 0;
+    const double way = std::max(0.0, frame.width - kKnob) * part;
+    const CGPoint knob{frame.x + kKnob / 2 + way, frame.center().y};
+    const double y = frame.center().y - kTrack / 2;
+    canvas.fill({frame.x, y, frame.width, kTrack}, kTrackColor, kTrack / 2);
+    canvas.fill({frame.x, y, knob.x - frame.x, kTrack}, kAccentColor, kTrack / 2);
+    canvas.fill(disc(knob, kKnob), UIColor::whiteColor(), kKnob / 2);
+    canvas.border(disc(knob, kKnob), 0.5, kTrackColor, kKnob / 2);
+}
+
+/// Spokes that fade around the middle, as far as they have come in a picture that stands.
+void drawActivityIndicator(Canvas& canvas, const UIActivityIndicatorView& view,
+                           const CGRect& frame) {
+    static constexpr int kSpokes = 12;
+    static constexpr double kRadius = 10;
+    if (!view.isAnimating()) return;
+    const CGPoint center = frame.center();
+    for (int i = 0; i < kSpokes; ++i) {
+        const double angle = 2 * std::numbers::pi * i / kSpokes;
+        const CGPoint way{std::sin(angle) * kRadius, -std::cos(angle) * kRadius};
+        canvas.line({center.x + way.x / 2, center.y + way.y / 2},
+                    {center.x + way.x, center.y + way.y}, 2,
+                    kTrackColor.colorWithAlphaComponent(static_cast<float>(i + 1) / kSpokes));
+    }
+}
+
+/// The marks of a table that is being edited.
+void drawTableCell(Canvas& canvas, const UITableViewCell& cell, const CGRect& frame) {
+    static constexpr double kDisc = 22;
+    static constexpr CGSize kBar{12, 2};
+    static constexpr CGSize kGrip{22, 1};
+    static constexpr double kGripStep = 5;
+    if (const CGRect mark = cell.deleteMark(); mark.width > 0) {
+        const CGPoint center = mark.offsetBy(frame.origin()).center();
+        canvas.fill(disc(center, kDisc), kDeleteColor, kDisc / 2);
+        canvas.fill(centered(kBar, {center.x, center.y, 0, 0}), UIColor::whiteColor());
+    }
+    if (const CGRect mark = cell.reorderMark(); mark.width > 0) {
+        const CGPoint center = mark.offsetBy(frame.origin()).center();
+        for (const double step : {-kGripStep, 0.0, kGripStep})
+            canvas.fill(centered(kGrip, {center.x, center.y + step, 0, 0}), kTrackColor);
+    }
+}
+
+struct Kind {
+    bool (*includes)(const UIView& view);
+    ViewContents contents;
+};
+
+template <typename View, void (*draw)(Canvas&, const View&, const CGRect&)>
+constexpr Kind kind() {
+    return {[](const UIView& view) { return dynamic_cast<const View*>(&view) != nullptr; },
+            [](Canvas& canvas, const UIView& view, const CGRect& frame) {
+                draw(canvas, static_cast<const View&>(view), frame);
+            }};
+}
+
+/// The first that includes a view paints it.
+constexpr Kind kKinds[] = {
+    kind<UILabel, drawLabel>(),
+    kind<UIImageView, drawImageView>(),
+    kind<UIButton, drawButton>(),
+    kind<UITextField, drawTextField>(),
+    kind<UITextView, drawTextView>(),
+    kind<UISlider, drawSlider>(),
+    kind<UITableViewCell, drawTableCell>(),
+    kind<UIActivityIndicatorView, drawActivityIndicator>(),
+};
+
+}  // namespace
+
+ViewContents contentsOf(const UIView& view) {
+    for (const Kind& kind : kKinds) {
+        if (kind.includes(view)) return kind.contents;
+    }
+    return nullptr;
+}
+
+}  // namespace gexlo

@@ -1,0 +1,100 @@
+#include "hosts/drawing/view_painter.h"
+
+#include <cmath>
+
+#include "hosts/drawing/alert_view.h"
+#include "hosts/drawing/gui_application.h"
+#include "platform/views/window.h"
+
+namespace gexlo {
+
+namespace {
+
+CGRect united(const CGRect& left, const CGRect& right) {
+    const double x = std::min(left.x, right.x);
+    const double y = std::min(left.y, right.y);
+    return {x, y, std::max(left.maxX(), right.maxX()) - x, std::max(left.maxY(), right.maxY()) - y};
+}
+
+/// All that a view covers with those upon it.
+CGRect extent(const UIView& view, const CGRect& frame) {
+    CGRect covered = frame;
+    if (view.clipsToBounds()) return covered;
+    const CGPoint offset = view.contentOffset();
+    for (const auto& child : view.subviews()) {
+        const CGPoint origin{frame.x - offset.x, frame.y - offset.y};
+        covered = united(covered, extent(*child, child->frame().offsetBy(origin)));
+    }
+    return covered;
+}
+
+}  // namespace
+
+ViewPainter::ViewPainter(std::filesystem::path images) : resources_(std::move(images)) {
+    needGuiApplication();
+}
+
+QImage ViewPainter::emptyImage(const UIView& view, double scale) const {
+    const CGSize size = view.frame().size();
+    QImage image(static_cast<int>(std::lround(size.width * scale)),
+                 static_cast<int>(std::lround(size.height * scale)),
+                 QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    return image;
+}
+
+QImage ViewPainter::paint(const UIView& view, double scale) {
+    QImage image = emptyImage(view, scale);
+    if (image.isNull()) return image;
+    Canvas canvas(image, scale, resources_);
+    paintTree(canvas, view, {-view.frame().x, -view.frame().y});
+    return image;
+}
+
+QImage ViewPainter::paintScreen(const UIWindow& window, double scale) {
+    QImage image = paint(window, scale);
+    if (image.isNull() || window.alerts().empty()) return image;
+    Canvas canvas(image, scale, resources_);
+    paintTree(canvas, *alertView(window.alerts().back(), window.frame().size()), {});
+    return image;
+}
+
+ViewContents ViewPainter::contentsFor(const UIView& view) {
+    const auto [found, isNew] = contents_.try_emplace(typeid(view));
+    if (isNew) found->second = contentsOf(view);
+    return found->second;
+}
+
+void ViewPainter::paintTree(Canvas& canvas, const UIView& view, CGPoint origin) {
+    if (view.isHidden() || !(view.alpha() > 0)) return;
+    const CGRect frame = view.frame().offsetBy(origin);
+    if (view.alpha() >= 1) return paintOpaque(canvas, view, frame);
+    canvas.faded(extent(view, frame), view.alpha(),
+                 [&](Canvas& layer) { paintOpaque(layer, view, frame); });
+}
+
+void ViewPainter::paintOpaque(Canvas& canvas, const UIView& view, const CGRect& frame) {
+    canvas.fill(frame, view.backgroundColor(), view.cornerRadius());
+    for (const Stroke& stroke : view.strokes()) {
+        const auto placed = [&](CGPoint point) {
+            return CGPoint{point.x + frame.x, point.y + frame.y};
+        };
+        canvas.line(placed(stroke.from), placed(stroke.to), stroke.width, stroke.color);
+    }
+    if (const ViewContents contents = contentsFor(view)) contents(canvas, view, frame);
+    if (view.clipsToBounds() && !view.subviews().empty()) {
+        canvas.clipped(frame, view.cornerRadius(),
+                       [&](Canvas& within) { paintSubviews(within, view, frame); });
+    } else {
+        paintSubviews(canvas, view, frame);
+    }
+    canvas.border(frame, view.borderWidth(), view.borderColor(), view.cornerRadius());
+}
+
+void ViewPainter::paintSubviews(Canvas& canvas, const UIView& view, const CGRect& frame) {
+    const CGPoint offset = view.contentOffset();
+    for (const auto& child : view.subviews())
+        paintTree(canvas, *child, {frame.x - offset.x, frame.y - offset.y});
+}
+
+}  // namespace gexlo

@@ -1,0 +1,40 @@
+// Paints the view tree as it stands, without a display.
+#pragma once
+
+#include <QImage>
+#include <filesystem>
+#include <typeindex>
+#include <unordered_map>
+
+#include "hosts/drawing/canvas.h"
+#include "hosts/drawing/view_kinds.h"
+
+namespace gexlo {
+
+class UIWindow;
+
+/// Keeps what it has read and found out from one picture to the next. For one thread.
+class ViewPainter {
+public:
+    /// With the images of that directory.
+    explicit ViewPainter(std::filesystem::path images);
+
+    /// The view with all under it, at that many pixels a point, transparent where nothing lies.
+    /// Null when there is no memory for as large a picture.
+    QImage paint(const UIView& view, double scale);
+    /// The screen: the window, and over it the topmost alert.
+    QImage paintScreen(const UIWindow& window, double scale);
+
+private:
+    QImage emptyImage(const UIView& view, double scale) const;
+    void paintTree(Canvas& canvas, const UIView& view, CGPoint origin);
+    void paintOpaque(Canvas& canvas, const UIView& view, const CGRect& frame);
+    void paintSubviews(Canvas& canvas, const UIView& view, const CGRect& frame);
+    ViewContents contentsFor(const UIView& view);
+
+    DrawingResources resources_;
+    // By class: to ask a view what it is costs more than to paint most of them.
+    std::unordered_map<std::type_index, ViewContents> contents_;
+};
+
+}  // namespace gexlo
