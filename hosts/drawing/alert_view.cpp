@@ -37,6 +37,18 @@ constexpr Looks kSheetLooks{13, true, kQuiet, 20, 57};
 
 using Button = UIAlert::Button;
 
+struct Choice {
+    const Button* button;
+    NSInteger index;
+};
+
+std::vector<Choice> choicesOf(const UIAlert& alert) {
+    std::vector<Choice> choices;
+    for (const Button& button : alert.buttons)
+        choices.push_back({&button, static_cast<NSInteger>(choices.size())});
+    return choices;
+}
+
 /// A panel that grows downwards.
 class Panel {
 public:
@@ -58,12 +70,12 @@ public:
     }
 
     /// In one row, or each in its own.
-    void addButtons(const std::vector<Button>& buttons, bool beside) {
+    void addButtons(const std::vector<Choice>& buttons, bool beside) {
         if (buttons.empty()) return;
         const double width =
             beside ? this->width() / static_cast<double>(buttons.size()) : this->width();
         double x = 0;
-        for (const Button& button : buttons) {
+        for (const Choice& button : buttons) {
             addLine({x, height_, width, kHairline});
             if (x > 0) addLine({x, height_, kHairline, looks_.buttonHeight});
             addButton(button, {x, height_, width, looks_.buttonHeight});
@@ -110,9 +122,11 @@ private:
         height_ += 4 + kFieldHeight;
     }
 
-    void addButton(const Button& button, CGRect frame) {
+    void addButton(const Choice& choice, CGRect frame) {
+        const Button& button = *choice.button;
         const bool isDestructive = button.style == Button::Style::destructive;
         auto view = std::make_shared<UIButton>(frame);
+        view->setTag(choice.index);
         view->setTitle(button.title);
         view->setFont({"", looks_.buttonSize, button.style == Button::Style::cancel});
         view->setTitleColor(isDestructive ? kDestructive : kAction);
@@ -134,7 +148,7 @@ void addAlert(UIView& dim, const UIAlert& alert, CGSize screen) {
     static constexpr double kWidth = 270;
     Panel panel(std::min(kWidth, screen.width - 2 * kMargin), kAlertLooks);
     panel.addTexts(alert);
-    panel.addButtons(alert.buttons, alert.buttons.size() == 2);
+    panel.addButtons(choicesOf(alert), alert.buttons.size() == 2);
     dim.addSubview(
         panel.at({(screen.width - panel.width()) / 2, (screen.height - panel.height()) / 2}));
 }
@@ -142,10 +156,10 @@ void addAlert(UIView& dim, const UIAlert& alert, CGSize screen) {
 /// What cancels stands apart, at the foot.
 void addSheet(UIView& dim, const UIAlert& alert, CGSize screen) {
     static constexpr double kGap = 8;
-    std::vector<Button> choices;
-    std::vector<Button> cancels;
-    for (const Button& button : alert.buttons)
-        (button.style == Button::Style::cancel ? cancels : choices).push_back(button);
+    std::vector<Choice> choices;
+    std::vector<Choice> cancels;
+    for (const Choice& choice : choicesOf(alert))
+        (choice.button->style == Button::Style::cancel ? cancels : choices).push_back(choice);
     Panel above(screen.width - 2 * kGap, kSheetLooks);
     above.addTexts(alert);
     above.addButtons(choices, false);

@@ -51,6 +51,16 @@ QImage ViewPainter::paint(const UIView& view, double scale) {
     return image;
 }
 
+QImage ViewPainter::paintAlone(const UIView& view, double scale) {
+    QImage image = emptyImage(view, scale);
+    if (image.isNull()) return image;
+    Canvas canvas(image, scale, resources_);
+    const CGRect frame = view.bounds();
+    paintLooks(canvas, view, frame);
+    canvas.border(frame, view.borderWidth(), view.borderColor(), view.cornerRadius());
+    return image;
+}
+
 QImage ViewPainter::paintScreen(const UIWindow& window, double scale) {
     QImage image = paint(window, scale);
     if (image.isNull() || window.alerts().empty()) return image;
@@ -73,7 +83,8 @@ void ViewPainter::paintTree(Canvas& canvas, const UIView& view, CGPoint origin) 
                  [&](Canvas& layer) { paintOpaque(layer, view, frame); });
 }
 
-void ViewPainter::paintOpaque(Canvas& canvas, const UIView& view, const CGRect& frame) {
+/// What lies below the views upon it.
+void ViewPainter::paintLooks(Canvas& canvas, const UIView& view, const CGRect& frame) {
     canvas.fill(frame, view.backgroundColor(), view.cornerRadius());
     for (const Stroke& stroke : view.strokes()) {
         const auto placed = [&](CGPoint point) {
@@ -82,6 +93,10 @@ void ViewPainter::paintOpaque(Canvas& canvas, const UIView& view, const CGRect& 
         canvas.line(placed(stroke.from), placed(stroke.to), stroke.width, stroke.color);
     }
     if (const ViewContents contents = contentsFor(view)) contents(canvas, view, frame);
+}
+
+void ViewPainter::paintOpaque(Canvas& canvas, const UIView& view, const CGRect& frame) {
+    paintLooks(canvas, view, frame);
     if (view.clipsToBounds() && !view.subviews().empty()) {
         canvas.clipped(frame, view.cornerRadius(),
                        [&](Canvas& within) { paintSubviews(within, view, frame); });
