@@ -36,8 +36,8 @@ void UITableView::setEditing(bool editing) {
 void UITableView::layoutCell(UITableViewCell& cell) {
     const NSIndexPath path = cell.indexPath_;
     const auto source = editing_ ? source_.lock() : nullptr;
-    cell.deleteWidth_ = source && source->canEditRow(*this, path) ? kDeleteWidth : 0;
-    cell.reorderWidth_ = source && source->canMoveRow(*this, path) ? kReorderWidth : 0;
+    cell.setMarks(source && source->canEditRow(*this, path) ? kDeleteWidth : 0,
+                  source && source->canMoveRow(*this, path) ? kReorderWidth : 0);
     cell.setFrame(rectForRow(path));
     const CGSize size = cell.frame().size();
     cell.contentView().setFrame(

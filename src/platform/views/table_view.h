@@ -36,6 +36,11 @@ public:
 
 private:
     friend class UITableView;
+    void setMarks(double deleteWidth, double reorderWidth) {
+        change(deleteWidth_, deleteWidth);
+        change(reorderWidth_, reorderWidth);
+    }
+
     std::shared_ptr<UIView> contentView_;
     NSIndexPath indexPath_;
     double deleteWidth_ = 0;

@@ -34,8 +34,8 @@ GXDayCellView::GXDayCellView(CGRect frame, int weekday)
     mask_->setAccessibilityIdentifier("mask");
     mask_->setBackgroundColor(UIColor::colorWithWhite(0.1F, 0.3F));
     mask_->setHidden(true);
-    addSubview(label_);
     addSubview(mask_);
+    addSubview(label_);
 }
 
 void GXDaysView::update(const GridGeometry& grid, const Looks& looks) {

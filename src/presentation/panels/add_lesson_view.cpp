@@ -278,10 +278,12 @@ void GXAddLessonView::roomsChanged() {
         button.setSelected(isSelected);
         if (place == count) {
             button.setBackgroundImage(roomImage("theme_basic_btn_room_add"));
+            button.setImage(UIImage::imageNamed("theme_basic_list_button_add"));
             button.setAccessibilityLabel(NSLocalizedString("ADD_ROOM"));
         } else {
             button.setBackgroundImage(roomImage(isSelected ? "theme_basic_btn_room_selected"
                                                            : "theme_basic_btn_room_normal"));
+            button.setImage({});
             button.setAccessibilityLabel("");
         }
     }
