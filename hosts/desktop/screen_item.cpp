@@ -1,0 +1,212 @@
+#include "hosts/desktop/screen_item.h"
+
+#include <QQmlEngine>
+#include <QQuickWindow>
+#include <cmath>
+
+#include "hosts/desktop/alert_layer.h"
+#include "platform/foundation/device.h"
+#include "platform/views/text_input.h"
+#include "platform/views/window.h"
+
+namespace gexlo {
+
+namespace {
+
+/// Points that a finger may tremble before it scrolls.
+constexpr double kSlop = 8;
+/// Points a notch of a mouse wheel.
+constexpr double kWheelStep = 48;
+
+void turn(const std::function<void()>& act) {
+    Device::current().perform(act);
+}
+
+CGPoint cgPoint(QPointF point) {
+    return {point.x(), point.y()};
+}
+
+/// A touch in the middle of a view, by the same way as a finger's.
+void touchMiddle(UIView& view) {
+    turn([&] {
+        UIWindow& window = UIWindow::keyWindow();
+        const CGPoint point = view.visibleRect().center();
+        window.touchDown(point);
+        window.touchUp(point);
+    });
+}
+
+}  // namespace
+
+ScreenItem::ScreenItem(QQmlEngine& engine, ViewPainter& painter)
+    : painter_(painter), phone_(new QQuickItem(this)), scroller_(turn) {
+    setAcceptedMouseButtons(Qt::LeftButton);
+    setAcceptTouchEvents(true);
+    mirror_ = std::make_unique<ViewMirror>(engine, *phone_, painter, actions());
+    alert_ = std::make_unique<AlertLayer>(engine, *phone_, painter);
+    const CGSize size = UIWindow::keyWindow().frame().size();
+    phone_->setSize({size.width, size.height});
+    phone_->setTransformOrigin(QQuickItem::TopLeft);
+    phone_->setClip(true);
+    Device::current().mainQueue().atEndOfTurn([this] { scheduleSynchronization(); });
+}
+
+ScreenItem::~ScreenItem() = default;
+
+ViewMirror::Actions ScreenItem::actions() {
+    return {
+        .press = touchMiddle,
+        .text = {.focus =
+                     [](UITextInput& input) {
+                         if (!input.isFirstResponder()) touchMiddle(input);
+                     },
+                 .edit =
+                     [](UITextInput& input, const QString& text) {
+                         turn([&] { input.replaceAll(text.toStdString()); });
+                     },
+                 .returnKey = [](UITextInput& input) { turn([&] { input.returnKey(); }); }},
+    };
+}
+
+void ScreenItem::scheduleSynchronization() {
+    if (isScheduled_) return;
+    isScheduled_ = true;
+    QMetaObject::invokeMethod(
+        this, [this] { synchronize(); }, Qt::QueuedConnection);
+}
+
+void ScreenItem::synchronize() {
+    isScheduled_ = false;
+    UIWindow& window = UIWindow::keyWindow();
+    mirror_->synchronize(window);
+    alert_->synchronize(window);
+}
+
+bool ScreenItem::isAnimating() const {
+    return isScheduled_ || mirror_->isAnimating() || scroller_.isGliding();
+}
+
+// MARK: size
+
+void ScreenItem::fit() {
+    const QSizeF phone = phone_->size();
+    if (phone.isEmpty() || width() <= 0 || height() <= 0) return;
+    const double scale = std::min(width() / phone.width(), height() / phone.height());
+    phone_->setScale(scale);
+    phone_->setPosition({std::floor((width() - phone.width() * scale) / 2),
+                         std::floor((height() - phone.height() * scale) / 2)});
+    const double ratio = window() ? window()->effectiveDevicePixelRatio() : 1;
+    mirror_->setScale(scale * ratio);
+    alert_->setScale(scale * ratio);
+    scheduleSynchronization();
+}
+
+void ScreenItem::geometryChange(const QRectF& now, const QRectF& former) {
+    QQuickItem::geometryChange(now, former);
+    fit();
+}
+
+void ScreenItem::itemChange(ItemChange change, const ItemChangeData& value) {
+    QQuickItem::itemChange(change, value);
+    if (change == ItemDevicePixelRatioHasChanged || change == ItemSceneChange) fit();
+}
+
+QPointF ScreenItem::onPhone(QPointF point) const {
+    return phone_->mapFromItem(this, point);
+}
+
+// MARK: touches
+
+void ScreenItem::press(QPointF point, qint64 milliseconds) {
+    Q_UNUSED(milliseconds)
+    isDown_ = true;
+    pressed_ = point;
+    if (alert_->isUp()) return;
+    turn([&] { UIWindow::keyWindow().touchDown(cgPoint(point)); });
+}
+
+void ScreenItem::move(QPointF point, qint64 milliseconds) {
+    if (!isDown_ || alert_->isUp()) return;
+    if (scroller_.isDragging()) return scroller_.moveTo(point, milliseconds);
+    const QPointF distance = point - pressed_;
+    if (std::hypot(distance.x(), distance.y()) < kSlop) return;
+    UIWindow& window = UIWindow::keyWindow();
+    UIView* touched = window.touched() ? window.touched() : window.hitTest(cgPoint(pressed_));
+    auto scroll = Scroller::scrollViewFor(touched, distance);
+    if (!scroll) return;
+    turn([&] { window.touchCancel(); });
+    scroller_.begin(std::move(scroll), pressed_, milliseconds);
+    scroller_.moveTo(point, milliseconds);
+}
+
+void ScreenItem::release(QPointF point, qint64 milliseconds) {
+    if (!isDown_) return;
+    isDown_ = false;
+    if (alert_->isUp()) {
+        alert_->touch(cgPoint(point));
+    } else if (scroller_.isDragging()) {
+        scroller_.end(milliseconds);
+    } else {
+        turn([&] { UIWindow::keyWindow().touchUp(cgPoint(point)); });
+    }
+}
+
+void ScreenItem::cancel() {
+    if (!isDown_) return;
+    isDown_ = false;
+    turn([] { UIWindow::keyWindow().touchCancel(); });
+}
+
+void ScreenItem::mousePressEvent(QMouseEvent* event) {
+    forceActiveFocus();
+    press(onPhone(event->position()), static_cast<qint64>(event->timestamp()));
+}
+
+void ScreenItem::mouseMoveEvent(QMouseEvent* event) {
+    move(onPhone(event->position()), static_cast<qint64>(event->timestamp()));
+}
+
+void ScreenItem::mouseReleaseEvent(QMouseEvent* event) {
+    release(onPhone(event->position()), static_cast<qint64>(event->timestamp()));
+}
+
+void ScreenItem::mouseUngrabEvent() {
+    cancel();
+}
+
+void ScreenItem::touchEvent(QTouchEvent* event) {
+    // The screen knows one finger.
+    const QEventPoint& point = event->points().first();
+    const QPointF place = onPhone(point.position());
+    const auto time = static_cast<qint64>(event->timestamp());
+    switch (point.state()) {
+        case QEventPoint::Pressed:
+            press(place, time);
+            break;
+        case QEventPoint::Updated:
+            move(place, time);
+            break;
+        case QEventPoint::Released:
+            release(place, time);
+            break;
+        default:
+            break;
+    }
+}
+
+void ScreenItem::touchUngrabEvent() {
+    cancel();
+}
+
+void ScreenItem::wheelEvent(QWheelEvent* event) {
+    if (alert_->isUp()) return;
+    QPointF distance = event->pixelDelta().isNull()
+                           ? QPointF(event->angleDelta()) / 120.0 * kWheelStep
+                           : QPointF(event->pixelDelta()) / phone_->scale();
+    if (event->modifiers() & Qt::ShiftModifier) distance = distance.transposed();
+    UIView* under = UIWindow::keyWindow().hitTest(cgPoint(onPhone(event->position())));
+    if (auto scroll = Scroller::scrollViewFor(under, distance))
+        scroller_.scrollBy(scroll, -distance);
+}
+
+}  // namespace gexlo

@@ -1,0 +1,65 @@
+// The phone's screen on the window: shows the view tree, and brings it touches and keys.
+#pragma once
+
+#include <QQuickItem>
+#include <functional>
+#include <memory>
+
+#include "hosts/desktop/scroller.h"
+#include "hosts/desktop/view_mirror.h"
+#include "hosts/drawing/view_painter.h"
+
+class QQmlEngine;
+
+namespace gexlo {
+
+class AlertLayer;
+
+/// As large as the window; what it shows is scaled whole into it.
+class ScreenItem final : public QQuickItem {
+    Q_OBJECT
+
+public:
+    ScreenItem(QQmlEngine& engine, ViewPainter& painter);
+    ~ScreenItem() override;
+
+    /// Brings the items up to the tree once the turn under way is over.
+    void scheduleSynchronization();
+    /// The same at once.
+    void synchronize();
+    /// Whether anything still moves.
+    bool isAnimating() const;
+
+    // As a finger does, in points of the phone's screen.
+    void press(QPointF point, qint64 milliseconds);
+    void move(QPointF point, qint64 milliseconds);
+    void release(QPointF point, qint64 milliseconds);
+    void cancel();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseUngrabEvent() override;
+    void touchEvent(QTouchEvent* event) override;
+    void touchUngrabEvent() override;
+    void wheelEvent(QWheelEvent* event) override;
+    void geometryChange(const QRectF& now, const QRectF& former) override;
+    void itemChange(ItemChange change, const ItemChangeData& value) override;
+
+private:
+    ViewMirror::Actions actions();
+    QPointF onPhone(QPointF point) const;
+    void fit();
+
+    ViewPainter& painter_;
+    QQuickItem* phone_;  // child: one unit a point
+    std::unique_ptr<ViewMirror> mirror_;
+    std::unique_ptr<AlertLayer> alert_;
+    Scroller scroller_;
+    QPointF pressed_;
+    bool isDown_ = false;
+    bool isScheduled_ = false;
+};
+
+}  // namespace gexlo

@@ -1,0 +1,137 @@
+#include "hosts/desktop/scroller.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace gexlo {
+
+namespace {
+
+constexpr qint64 kSpeedWindow = 100;  // milliseconds whose movement makes the speed
+constexpr double kGlide = 0.35;       // seconds at the speed of the finger that a glide covers
+constexpr double kPageSpeed = 300;    // points a second that turn the page
+constexpr double kBeyond = 0.4;       // of the way that a view gives beyond its content
+constexpr int kGlideTime = 450;       // milliseconds
+constexpr int kPageTime = 300;
+
+double lastOffset(double content, double visible) {
+    return std::max(0.0, content - visible);
+}
+
+bool canScrollSideways(const UIScrollView& view) {
+    return view.contentSize().width > view.frame().width || view.alwaysBounceHorizontal();
+}
+
+bool canScrollUpright(const UIScrollView& view) {
+    return view.contentSize().height > view.frame().height || view.alwaysBounceVertical();
+}
+
+/// The view gives way beyond its content, less and less.
+double followed(double wanted, double last) {
+    if (wanted < 0) return wanted * kBeyond;
+    if (wanted > last) return last + (wanted - last) * kBeyond;
+    return wanted;
+}
+
+double resting(double offset, double start, double speed, double last, double page, bool paging) {
+    if (!paging || page <= 0) return std::clamp(offset + speed * kGlide, 0.0, last);
+    double pages = std::round(offset / page);
+    if (std::abs(speed) > kPageSpeed) pages = std::round(start / page) + (speed > 0 ? 1 : -1);
+    return std::clamp(pages * page, 0.0, last);
+}
+
+}  // namespace
+
+Scroller::Scroller(std::function<void(const std::function<void()>&)> turn)
+    : turn_(std::move(turn)) {
+    glide_.setEasingCurve(QEasingCurve::OutCubic);
+    connect(&glide_, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {
+        const QPointF offset = value.toPointF();
+        setOffset({offset.x(), offset.y()});
+    });
+}
+
+std::shared_ptr<UIScrollView> Scroller::scrollViewFor(UIView* view, QPointF distance) {
+    const bool sideways = std::abs(distance.x()) > std::abs(distance.y());
+    for (UIView* touched = view; view; view = view->superview()) {
+        auto* scroll = dynamic_cast<UIScrollView*>(view);
+        if (!scroll || !scroll->isScrollEnabled()) continue;
+        if (sideways ? !canScrollSideways(*scroll) : !canScrollUpright(*scroll)) continue;
+        if (!scroll->touchesShouldCancelInContentView(*touched)) return nullptr;
+        return std::static_pointer_cast<UIScrollView>(scroll->shared_from_this());
+    }
+    return nullptr;
+}
+
+void Scroller::begin(std::shared_ptr<UIScrollView> view, QPointF point, qint64 milliseconds) {
+    glide_.stop();
+    view_ = std::move(view);
+    dragging_ = true;
+    start_ = view_->contentOffset();
+    startPoint_ = point;
+    samples_ = {{point, milliseconds}};
+}
+
+void Scroller::setOffset(CGPoint offset) {
+    turn_([&] { view_->setContentOffset(offset); });
+}
+
+void Scroller::moveTo(QPointF point, qint64 milliseconds) {
+    if (!isDragging()) return;
+    samples_.push_back({point, milliseconds});
+    while (samples_.size() > 2 && milliseconds - samples_.front().milliseconds > kSpeedWindow)
+        samples_.pop_front();
+    const QPointF distance = startPoint_ - point;
+    CGPoint offset = start_;
+    const CGSize content = view_->contentSize();
+    const CGSize visible = view_->frame().size();
+    if (canScrollSideways(*view_)) {
+        offset.x = followed(start_.x + distance.x(), lastOffset(content.width, visible.width));
+    }
+    if (canScrollUpright(*view_)) {
+        offset.y = followed(start_.y + distance.y(), lastOffset(content.height, visible.height));
+    }
+    setOffset(offset);
+}
+
+QPointF Scroller::speed(qint64 now) const {
+    const Sample& first = samples_.front();
+    const Sample& last = samples_.back();
+    const qint64 time = std::max<qint64>(1, last.milliseconds - first.milliseconds);
+    if (samples_.size() < 2 || now - last.milliseconds > kSpeedWindow) return {};
+    return (first.point - last.point) * 1000.0 / static_cast<double>(time);
+}
+
+void Scroller::end(qint64 milliseconds) {
+    if (!isDragging()) return;
+    dragging_ = false;
+    const QPointF fast = speed(milliseconds);
+    const CGSize content = view_->contentSize();
+    const CGSize visible = view_->frame().size();
+    const CGPoint offset = view_->contentOffset();
+    const bool paging = view_->isPagingEnabled();
+    glideTo({resting(offset.x, start_.x, canScrollSideways(*view_) ? fast.x() : 0,
+                     lastOffset(content.width, visible.width), visible.width, paging),
+             resting(offset.y, start_.y, canScrollUpright(*view_) ? fast.y() : 0,
+                     lastOffset(content.height, visible.height), visible.height, paging)},
+            paging ? kPageTime : kGlideTime);
+}
+
+void Scroller::glideTo(CGPoint offset, int milliseconds) {
+    const CGPoint from = view_->contentOffset();
+    if (from == offset) return;
+    glide_.setDuration(milliseconds);
+    glide_.setStartValue(QPointF(from.x, from.y));
+    glide_.setEndValue(QPointF(offset.x, offset.y));
+    glide_.start();
+}
+
+void Scroller::scrollBy(const std::shared_ptr<UIScrollView>& view, QPointF distance) {
+    glide_.stop();
+    view_ = view;
+    dragging_ = false;
+    const CGPoint from = view->contentOffset();
+    turn_([&] { view->dragTo({from.x + distance.x(), from.y + distance.y()}); });
+}
+
+}  // namespace gexlo

@@ -1,0 +1,37 @@
+#include "hosts/desktop/text_relay.h"
+
+#include "hosts/drawing/qt_values.h"
+#include "platform/views/text_input.h"
+
+namespace gexlo {
+
+TextRelay::TextRelay(QQuickItem& item, std::weak_ptr<UIView> view, const TextActions& actions)
+    : QObject(&item), item_(item), view_(std::move(view)), actions_(actions) {
+    // The signals are those of the item's own type, which only their names tell.
+    connect(&item, SIGNAL(edited(QString)), this, SLOT(edited(QString)));
+    connect(&item, SIGNAL(returned()), this, SLOT(returned()));
+    connect(&item, SIGNAL(focused()), this, SLOT(focused()));
+}
+
+std::shared_ptr<UITextInput> TextRelay::input() const {
+    return std::dynamic_pointer_cast<UITextInput>(view_.lock());
+}
+
+void TextRelay::edited(const QString& text) {
+    const auto field = input();
+    if (!field) return;
+    actions_.edit(*field, text);
+    // What the field's delegate did not let in goes again.
+    const QString taken = qtText(field->text());
+    if (taken != text) item_.setProperty("text", taken);
+}
+
+void TextRelay::returned() {
+    if (const auto field = input()) actions_.returnKey(*field);
+}
+
+void TextRelay::focused() {
+    if (const auto field = input()) actions_.focus(*field);
+}
+
+}  // namespace gexlo

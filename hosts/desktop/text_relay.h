@@ -1,0 +1,40 @@
+// Carries what a person does in a text item to the field that it stands for.
+#pragma once
+
+#include <QObject>
+#include <QQuickItem>
+#include <functional>
+#include <memory>
+
+namespace gexlo {
+
+class UIView;
+class UITextInput;
+
+struct TextActions {
+    std::function<void(UITextInput&)> focus;
+    std::function<void(UITextInput&, const QString&)> edit;
+    std::function<void(UITextInput&)> returnKey;
+};
+
+/// Lives and ends with the item.
+class TextRelay final : public QObject {
+    Q_OBJECT
+
+public:
+    TextRelay(QQuickItem& item, std::weak_ptr<UIView> view, const TextActions& actions);
+
+private Q_SLOTS:
+    void edited(const QString& text);
+    void returned();
+    void focused();
+
+private:
+    std::shared_ptr<UITextInput> input() const;
+
+    QQuickItem& item_;
+    std::weak_ptr<UIView> view_;
+    const TextActions& actions_;
+};
+
+}  // namespace gexlo

@@ -1,0 +1,122 @@
+#include "hosts/desktop/view_item.h"
+
+#include <QKeyEvent>
+#include <QQuickWindow>
+#include <QSGImageNode>
+#include <QSGRectangleNode>
+#include <memory>
+
+#include "hosts/drawing/qt_values.h"
+#include "hosts/drawing/view_painter.h"
+
+namespace gexlo {
+
+namespace {
+
+/// A colour and no more needs no picture.
+bool isPlain(const UIView& view, ViewPainter& painter) {
+    return !view.backgroundColor().patternImage && view.cornerRadius() == 0 &&
+           view.borderWidth() == 0 && view.strokes().empty() && !painter.hasContents(view);
+}
+
+/// The picture as a texture, which the node owns.
+class PictureNode final : public QSGNode {
+public:
+    explicit PictureNode(QQuickWindow& window) : image_(window.createImageNode()) {
+        image_->setFlag(QSGNode::OwnedByParent);
+        image_->setOwnsTexture(true);
+        appendChildNode(image_);
+    }
+    void setPicture(QQuickWindow& window, const QImage& picture) {
+        image_->setTexture(
+            window.createTextureFromImage(picture, QQuickWindow::TextureCanUseAtlas));
+    }
+    void setRect(const QRectF& rect) { image_->setRect(rect); }
+
+private:
+    QSGImageNode* image_;
+};
+
+class ColorNode final : public QSGNode {
+public:
+    explicit ColorNode(QQuickWindow& window) : rectangle_(window.createRectangleNode()) {
+        rectangle_->setFlag(QSGNode::OwnedByParent);
+        appendChildNode(rectangle_);
+    }
+    void set(const QRectF& rect, const QColor& color) {
+        rectangle_->setRect(rect);
+        rectangle_->setColor(color);
+    }
+
+private:
+    QSGRectangleNode* rectangle_;
+};
+
+}  // namespace
+
+ViewItem::ViewItem(QQuickItem* parent) : QQuickItem(parent) {
+    setFlag(ItemHasContents);
+}
+
+void ViewItem::show(const UIView& view, ViewPainter& painter, double scale) {
+    isPlain_ = isPlain(view, painter);
+    if (isPlain_) {
+        color_ = qtColor(view.backgroundColor());
+        picture_ = {};
+    } else {
+        picture_ = painter.paintAlone(view, scale);
+        pictureChanged_ = true;
+    }
+    update();
+}
+
+void ViewItem::hideLooks() {
+    isPlain_ = true;
+    color_ = Qt::transparent;
+    picture_ = {};
+    update();
+}
+
+void ViewItem::setSpoken(int role, const QString& name, bool isOn) {
+    if (role == spokenRole_ && name == spokenName_ && isOn == isOn_) return;
+    spokenRole_ = role;
+    spokenName_ = name;
+    isOn_ = isOn;
+    Q_EMIT spokenChanged();
+}
+
+QSGNode* ViewItem::updatePaintNode(QSGNode* former, UpdatePaintNodeData*) {
+    std::unique_ptr<QSGNode> node(former);
+    const QRectF rect = boundingRect();
+    if (rect.isEmpty()) return nullptr;
+    if (isPlain_) {
+        if (color_.alpha() == 0) return nullptr;
+        if (!dynamic_cast<ColorNode*>(node.get())) node = std::make_unique<ColorNode>(*window());
+        static_cast<ColorNode&>(*node).set(rect, color_);
+        return node.release();
+    }
+    if (picture_.isNull()) return nullptr;
+    if (!dynamic_cast<PictureNode*>(node.get())) {
+        node = std::make_unique<PictureNode>(*window());
+        pictureChanged_ = true;
+    }
+    auto& picture = static_cast<PictureNode&>(*node);
+    if (pictureChanged_) picture.setPicture(*window(), picture_);
+    pictureChanged_ = false;
+    picture.setRect(rect);
+    return node.release();
+}
+
+void ViewItem::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Space:
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            Q_EMIT pressed();
+            return;
+        default:
+            QQuickItem::keyPressEvent(event);
+    }
+}
+
+}  // namespace gexlo

@@ -1,0 +1,258 @@
+#include "hosts/desktop/view_mirror.h"
+
+#include <QAccessible>
+#include <QPropertyAnimation>
+#include <QQmlEngine>
+#include <cmath>
+
+#include "hosts/drawing/qt_values.h"
+#include "hosts/drawing/typeface.h"
+#include "platform/views/button.h"
+#include "platform/views/scroll_view.h"
+#include "platform/views/table_view.h"
+#include "platform/views/text_input.h"
+#include "platform/views/window.h"
+
+namespace gexlo {
+
+/// A view that is on the window, with the items of those upon it.
+struct ViewMirror::Node {
+    ~Node() {
+        if (item) item->deleteLater();
+    }
+
+    QPointer<QQuickItem> item;
+    QPointer<QQuickItem> content;  // what scrolls; null for a view that does not
+    std::weak_ptr<UIView> view;
+    Kind kind = Kind::plain;
+    bool isNew = true;
+    bool isSeen = false;  // in the pass under way
+    std::unordered_map<const UIView*, std::unique_ptr<Node>> children;
+
+    QQuickItem& contentItem() { return content ? *content : *item; }
+    ViewItem* viewItem() { return qobject_cast<ViewItem*>(item); }
+};
+
+namespace {
+
+/// What is spoken of a view: its label, else what it shows.
+QString spokenNameOf(const UIView& view) {
+    if (!view.accessibilityLabel().empty()) return qtText(view.accessibilityLabel());
+    if (const auto* button = dynamic_cast<const UIButton*>(&view)) return qtText(button->title());
+    if (const auto* label = dynamic_cast<const UILabel*>(&view)) return qtText(label->text());
+    QString name;
+    for (const auto& child : view.subviews()) {
+        if (child->isHidden()) continue;
+        const QString part = spokenNameOf(*child);
+        if (part.isEmpty()) continue;
+        if (!name.isEmpty()) name += QStringLiteral(", ");
+        name += part;
+    }
+    return name;
+}
+
+/// A cell's transparent button speaks for the cell under it.
+QString spokenNameWithin(const UIView& view) {
+    const QString own = spokenNameOf(view);
+    return own.isEmpty() && view.superview() ? spokenNameOf(*view.superview()) : own;
+}
+
+bool isMoving(const QQuickItem& item) {
+    return !item.findChildren<QPropertyAnimation*>(Qt::FindDirectChildrenOnly).isEmpty();
+}
+
+bool isDrawn(const UIView& view) {
+    return !view.isHidden() && (view.alpha() > 0 || view.animationDuration() > 0);
+}
+
+}  // namespace
+
+ViewMirror::ViewMirror(QQmlEngine& engine, QQuickItem& root, ViewPainter& painter, Actions actions)
+    : painter_(painter),
+      actions_(std::move(actions)),
+      touchable_(&engine),
+      textField_(&engine),
+      textView_(&engine),
+      root_(std::make_unique<Node>()) {
+    qmlRegisterType<ViewItem>("Gexlo", 1, 0, "ViewItem");
+    touchable_.loadUrl(QUrl(QStringLiteral("qrc:/gexlo/qml/TouchableView.qml")));
+    textField_.loadUrl(QUrl(QStringLiteral("qrc:/gexlo/qml/TextField.qml")));
+    textView_.loadUrl(QUrl(QStringLiteral("qrc:/gexlo/qml/TextView.qml")));
+    root_->item = new ViewItem(&root);
+}
+
+ViewMirror::~ViewMirror() = default;
+
+void ViewMirror::setScale(double scale) {
+    if (scale == scale_) return;
+    scale_ = scale;
+    everythingChanged_ = true;
+}
+
+void ViewMirror::synchronize(UIView& root) {
+    showView(root, *root_, root.frame());
+    everythingChanged_ = false;
+}
+
+void ViewMirror::clear() {
+    root_->children.clear();
+    root_->isNew = true;
+    static_cast<ViewItem&>(*root_->item).hideLooks();
+}
+
+ViewMirror::Kind ViewMirror::kindOf(const UIView& view) {
+    if (dynamic_cast<const UITextField*>(&view)) return Kind::textField;
+    if (dynamic_cast<const UITextView*>(&view)) return Kind::textView;
+    if (dynamic_cast<const UIControl*>(&view) || dynamic_cast<const UITableViewCell*>(&view)) {
+        return Kind::touchable;
+    }
+    return Kind::plain;
+}
+
+std::unique_ptr<ViewMirror::Node> ViewMirror::newNode(UIView& view, Kind kind, QQuickItem& parent) {
+    auto node = std::make_unique<Node>();
+    node->view = view.weak_from_this();
+    node->kind = kind;
+    const auto create = [&](QQmlComponent& component) {
+        auto* item = qobject_cast<QQuickItem*>(component.create());
+        if (!item) qFatal("%s", qPrintable(component.errorString()));
+        item->setParentItem(&parent);
+        return item;
+    };
+    const auto viewOf = [weak = node->view] { return weak.lock(); };
+    switch (kind) {
+        case Kind::plain:
+            node->item = new ViewItem(&parent);
+            break;
+        case Kind::touchable:
+            node->item = create(touchable_);
+            node->item->setActiveFocusOnTab(true);
+            QObject::connect(node->viewItem(), &ViewItem::pressed, node->item, [this, viewOf] {
+                if (const auto held = viewOf()) actions_.press(*held);
+            });
+            break;
+        case Kind::textField:
+        case Kind::textView: {
+            node->item = create(kind == Kind::textField ? textField_ : textView_);
+            new TextRelay(*node->item, node->view, actions_.text);  // ends with the item
+            break;
+        }
+    }
+    if (dynamic_cast<UIScrollView*>(&view)) node->content = new QQuickItem(node->item);
+    return node;
+}
+
+bool ViewMirror::showView(UIView& view, Node& node, const CGRect& sight) {
+    const bool changed = node.isNew || everythingChanged_ || view.hasChanged();
+    if (changed) {
+        place(view, node);
+        showLooks(view, node);
+    }
+    node.isNew = false;
+    showChildren(view, node, sight);
+    view.changesWereRead();
+    return true;
+}
+
+/// `sight` is what can be seen of the view's own coordinates.
+void ViewMirror::showChildren(UIView& view, Node& node, const CGRect& sight) {
+    for (auto& [child, childNode] : node.children)
+        childNode->isSeen = false;
+    const CGPoint offset = view.contentOffset();
+    QQuickItem* below = nullptr;
+    for (const auto& child : view.subviews()) {
+        if (!isDrawn(*child)) continue;
+        const CGRect frame = child->frame().offsetBy({-offset.x, -offset.y});
+        const auto found = node.children.find(child.get());
+        const bool moves =
+            child->animationDuration() > 0 ||
+            (found != node.children.end() && found->second->item && isMoving(*found->second->item));
+        if (!moves && child->clipsToBounds() && !frame.intersects(sight)) continue;
+        if (!moves && child->subviews().empty() && !frame.intersects(sight)) continue;
+        const Kind kind = kindOf(*child);
+        std::unique_ptr<Node>& childNode = node.children[child.get()];
+        const bool isOther = !childNode || !childNode->item || childNode->kind != kind ||
+                             childNode->view.lock() != child;
+        if (isOther) childNode = newNode(*child, kind, node.contentItem());
+        childNode->isSeen = true;
+        CGRect within = sight.offsetBy({-frame.x, -frame.y});
+        if (child->clipsToBounds()) within = within.intersection(child->bounds());
+        showView(*child, *childNode, within);
+        if (below) childNode->item->stackAfter(below);
+        below = childNode->item;
+    }
+    std::erase_if(node.children, [](const auto& entry) { return !entry.second->isSeen; });
+}
+
+void ViewMirror::animate(QQuickItem& item, const char* property, double target, double seconds) {
+    // A move under way gives way to the new one, from where it has come to.
+    for (auto* running : item.findChildren<QPropertyAnimation*>(Qt::FindDirectChildrenOnly)) {
+        if (running->propertyName() == property) delete running;
+    }
+    if (item.property(property).toDouble() == target) return;
+    if (seconds <= 0) {
+        item.setProperty(property, target);
+        return;
+    }
+    auto* animation = new QPropertyAnimation(&item, property, &item);
+    animation->setDuration(static_cast<int>(seconds * 1000));
+    animation->setEndValue(target);
+    animation->setEasingCurve(QEasingCurve::InOutQuad);
+    ++running_;
+    QObject::connect(animation, &QObject::destroyed, &counter_, [this] { --running_; });
+    animation->start(QAbstractAnimation::DeleteWhenStopped);
+}
+
+void ViewMirror::place(UIView& view, Node& node) {
+    const CGRect& frame = view.frame();
+    const double seconds = node.isNew ? 0 : view.animationDuration();
+    QQuickItem& item = *node.item;
+    animate(item, "x", frame.x, seconds);
+    animate(item, "y", frame.y, seconds);
+    animate(item, "width", frame.width, seconds);
+    animate(item, "height", frame.height, seconds);
+    if (node.isNew && view.animationDuration() > 0 && view.alpha() > 0) item.setOpacity(0);
+    animate(item, "opacity", view.alpha(), view.animationDuration());
+    item.setClip(view.clipsToBounds());
+    if (node.content) {
+        const CGPoint offset = view.contentOffset();
+        animate(*node.content, "x", -offset.x, seconds);
+        animate(*node.content, "y", -offset.y, seconds);
+    }
+}
+
+void ViewMirror::showLooks(UIView& view, Node& node) {
+    if (auto* input = dynamic_cast<UITextInput*>(&view)) return showText(*input, node);
+    ViewItem& item = *node.viewItem();
+    item.show(view, painter_, scale_);
+    if (node.kind != Kind::touchable) return;
+    const auto* control = dynamic_cast<const UIControl*>(&view);
+    item.setEnabled(!control || control->isEnabled());
+    item.setSpoken(QAccessible::Button, spokenNameWithin(view), control && control->isSelected());
+}
+
+void ViewMirror::showText(UITextInput& input, Node& node) {
+    QQuickItem& item = *node.item;
+    QFont font = typefaceOf(input.font());
+    font.setPixelSize(std::max(1, static_cast<int>(input.font().size)));
+    item.setProperty("font", font);
+    item.setProperty("textColor", qtColor(input.textColor()));
+    item.setProperty("spokenName", qtText(input.placeholder()));
+    item.setProperty("placeholder", qtText(input.placeholder()));
+    item.setProperty("color", qtColor(input.backgroundColor()));
+    item.setProperty("borderColor", qtColor(input.borderColor()));
+    item.setProperty("borderWidth", std::ceil(input.borderWidth()));
+    item.setEnabled(input.isEnabled());
+    if (const auto* field = dynamic_cast<UITextField*>(&input)) {
+        item.setProperty("secure", field->isSecureTextEntry());
+    }
+    const QString text = qtText(input.text());
+    if (item.property("text").toString() != text) item.setProperty("text", text);
+    if (input.isFirstResponder()) {
+        item.forceActiveFocus();
+    } else if (item.hasActiveFocus()) {
+        item.setFocus(false);
+    }
+}
+
+}  // namespace gexlo

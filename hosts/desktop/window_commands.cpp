@@ -1,0 +1,54 @@
+#include "hosts/desktop/window_commands.h"
+
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QImage>
+#include <QQuickWindow>
+#include <QTimer>
+
+#include "hosts/desktop/screen_item.h"
+
+namespace gexlo {
+
+using nlohmann::json;
+
+namespace {
+
+QQuickWindow& theWindow() {
+    for (QWindow* window : QGuiApplication::topLevelWindows()) {
+        if (auto* shown = qobject_cast<QQuickWindow*>(window)) return *shown;
+    }
+    throw CommandError("there is no window");
+}
+
+/// Lets what moves come to its place, as a person would before taking a picture.
+void waitForRest(const ScreenItem& screen) {
+    constexpr int step = 10;
+    constexpr int longest = 500;
+    for (int i = 0; i < longest && (i < 2 || screen.isAnimating()); ++i) {
+        QEventLoop loop;
+        QTimer::singleShot(step, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+}
+
+json screenshot(const json& fields) {
+    const QString path = QString::fromStdString(textField(fields, "path"));
+    QQuickWindow& window = theWindow();
+    for (const QQuickItem* item : window.contentItem()->childItems()) {
+        if (const auto* screen = qobject_cast<const ScreenItem*>(item)) waitForRest(*screen);
+    }
+    if (!window.grabWindow().save(path, "PNG")) {
+        throw CommandError("\"" + path.toStdString() + "\" cannot be written");
+    }
+    return nothing();
+}
+
+}  // namespace
+
+std::span<const DriverCommand> windowCommands() {
+    static constexpr DriverCommand kCommands[] = {{"screenshot", screenshot}};
+    return kCommands;
+}
+
+}  // namespace gexlo
