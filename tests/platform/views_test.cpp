@@ -1,0 +1,223 @@
+// The view tree: where touches go, what alerts hold back, fields, scrolling and tables.
+#include <gtest/gtest.h>
+
+#include "platform/foundation/notification_center.h"
+#include "platform/views/button.h"
+#include "platform/views/scroll_view.h"
+#include "platform/views/table_view.h"
+#include "platform/views/text_input.h"
+#include "platform/views/text_measure.h"
+#include "platform/views/window.h"
+#include "support/phone.h"
+
+namespace gexlo::test {
+
+namespace {
+
+class Views : public ::testing::Test {
+protected:
+    UIButton& addButton(UIView& parent, CGRect frame) {
+        UIButton& button = parent.add<UIButton>(frame);
+        for (const auto& [event, name] : std::initializer_list<std::pair<UIControlEvent, char>>{
+                 {UIControlEvent::touchDown, 'd'},
+                 {UIControlEvent::touchUpInside, 'u'},
+                 {UIControlEvent::touchUpOutside, 'o'},
+                 {UIControlEvent::touchCancel, 'c'}}) {
+            button.addAction(event, [this, name = name] { events += name; });
+        }
+        return button;
+    }
+
+    Phone phone;
+    UIWindow& window = UIWindow::keyWindow();
+    std::string events;
+};
+
+TEST_F(Views, a_touch_reaches_the_topmost_view_that_takes_it) {
+    UIView& panel = window.add<UIView>(CGRect{100, 100, 100, 100});
+    UIButton& button = addButton(panel, {50, 50, 100, 20});
+    EXPECT_EQ(window.hitTest({160, 155}), &button);
+    EXPECT_EQ(window.hitTest({220, 155}), &window)
+        << "what stands out of its parent is not touched";
+    UIView& over = panel.add<UIView>(CGRect{0, 0, 100, 100});
+    EXPECT_EQ(window.hitTest({160, 155}), &over);
+    over.setAlpha(0.005);
+    EXPECT_EQ(window.hitTest({160, 155}), &button);
+    panel.setUserInteractionEnabled(false);
+    EXPECT_EQ(window.hitTest({160, 155}), &window);
+}
+
+TEST_F(Views, a_control_tells_how_its_touch_ended) {
+    UIButton& button = addButton(window, {0, 0, 50, 50});
+    window.touchDown({10, 10});
+    window.touchUp({300, 300});
+    window.touchDown({10, 10});
+    window.touchDown({20, 20});  // a second finger ends the first
+    window.touchUp({20, 20});
+    EXPECT_EQ(events, "dodcdu");
+    button.setEnabled(false);
+    window.touchDown({10, 10});
+    window.touchUp({10, 10});
+    EXPECT_EQ(events, "dodcdu");
+}
+
+TEST_F(Views, what_a_touch_removes_is_told_and_lives_to_its_end) {
+    UIView& panel = window.add<UIView>(CGRect{0, 0, 100, 100});
+    UIButton& button = addButton(panel, {0, 0, 50, 50});
+    const std::weak_ptr<UIView> weak = panel.weak_from_this();
+    button.addAction(UIControlEvent::touchUpInside, [&] {
+        weak.lock()->removeFromSuperview();
+        events += weak.expired() ? '!' : 'r';
+    });
+    window.touchDown({10, 10});
+    window.touchUp({10, 10});
+    EXPECT_EQ(events, "dur");
+    EXPECT_TRUE(weak.expired());
+}
+
+TEST_F(Views, an_alert_holds_touches_back_and_answers_once) {
+    addButton(window, {0, 0, 50, 50});
+    std::vector<std::string> answers;
+    UIAlert asking;
+    asking.buttons = {{"No"}, {"Yes"}};
+    asking.fields = {{"Room", "", false}};
+    asking.dismissed = [&](std::size_t button, const auto& fields) {
+        answers.push_back(std::to_string(button) + fields[0].text);
+        UIAlert::notice("", "and another", "OK").show();
+    };
+    window.touchDown({10, 10});
+    std::move(asking).show();
+    EXPECT_EQ(events, "dc") << "a touch under way ends";
+    EXPECT_EQ(window.touchDown({10, 10}), nullptr);
+    window.answer(7);
+    EXPECT_EQ(window.alerts().size(), 1U);
+    window.answer(1, {"Room 7", "too many"});
+    EXPECT_EQ(answers, std::vector<std::string>{"1Room 7"});
+    ASSERT_EQ(window.alerts().size(), 1U);
+    EXPECT_EQ(window.alerts()[0].message, "and another");
+}
+
+class Refusing final : public UITextInputDelegate {
+public:
+    bool shouldChange(UITextInput&, std::size_t location, std::size_t length,
+                      std::string_view text) override {
+        asked +=
+            std::to_string(location) + "," + std::to_string(length) + "," + std::string(text) + ";";
+        return text != "x";
+    }
+    std::string asked;
+};
+
+TEST_F(Views, a_field_asks_before_it_changes_and_the_keyboard_follows_the_focus) {
+    std::string keyboard;
+    NSNotificationCenter& center = NSNotificationCenter::defaultCenter();
+    const auto shown =
+        center.addObserver(kKeyboardWillShowNotification, [&](const auto&) { keyboard += '+'; });
+    const auto hidden =
+        center.addObserver(kKeyboardWillHideNotification, [&](const auto&) { keyboard += '-'; });
+    const auto delegate = std::make_shared<Refusing>();
+    UITextField& first = window.add<UITextField>(CGRect{0, 0, 100, 40});
+    const auto second = std::make_shared<UITextField>(CGRect{0, 50, 100, 40});
+    window.addSubview(second);
+    first.setDelegate(delegate);
+    first.becomeFirstResponder();
+    EXPECT_TRUE(first.insertText("수"));
+    EXPECT_FALSE(first.insertText("x"));
+    EXPECT_TRUE(first.replaceAll("숙제"));
+    EXPECT_EQ(first.text(), "숙제");
+    EXPECT_EQ(delegate->asked, "0,0,수;3,0,x;0,3,숙제;");
+    second->becomeFirstResponder();
+    EXPECT_EQ(keyboard, "+") << "it stays from field to field";
+    second->removeFromSuperview();
+    EXPECT_EQ(keyboard, "+-");
+    EXPECT_EQ(window.firstResponder(), nullptr);
+    EXPECT_FALSE(second->becomeFirstResponder()) << "not on the screen";
+}
+
+TEST_F(Views, a_drag_comes_to_rest_within_the_content_and_at_a_page) {
+    UIScrollView& scroll = window.add<UIScrollView>(CGRect{0, 0, 100, 100});
+    scroll.setContentSize({310, 100});
+    addButton(scroll, {0, 0, 50, 50});
+    window.touchDown({10, 10});
+    scroll.dragTo({260, 40});
+    EXPECT_EQ(events, "dc");
+    EXPECT_EQ(scroll.contentOffset(), (CGPoint{210, 0}));
+    scroll.setPagingEnabled(true);
+    scroll.dragTo({140, 0});
+    EXPECT_EQ(scroll.contentOffset(), (CGPoint{100, 0}));
+    EXPECT_EQ(window.hitTest({10, 10}), &scroll) << "the button has scrolled away";
+    scroll.setContentSize({50, 50});
+    EXPECT_EQ(scroll.contentOffset(), (CGPoint{100, 0})) << "only a finger brings it back";
+}
+
+class Numbers final : public UITableViewDataSource, public UITableViewDelegate {
+public:
+    NSInteger numberOfRowsInSection(UITableView&, NSInteger) override {
+        return static_cast<NSInteger>(rows.size());
+    }
+    std::shared_ptr<UITableViewCell> cellForRow(UITableView&, NSIndexPath path) override {
+        ++made;
+        auto cell = std::make_shared<UITableViewCell>();
+        cell->contentView().add<UILabel>().setText(
+            std::to_string(rows[static_cast<std::size_t>(path.row)]));
+        return cell;
+    }
+    bool canEditRow(UITableView&, NSIndexPath) override { return true; }
+    void commitDelete(UITableView& table, NSIndexPath path) override {
+        rows.erase(rows.begin() + path.row);
+        table.deleteRow(path);
+    }
+    void didSelectRow(UITableView&, NSIndexPath path) override { selected = path.row; }
+
+    std::vector<int> rows = std::vector<int>(1000, 7);
+    int made = 0;
+    NSInteger selected = -1;
+};
+
+TEST_F(Views, a_table_makes_only_the_rows_in_sight) {
+    const auto numbers = std::make_shared<Numbers>();
+    UITableView& table = window.add<UITableView>(CGRect{0, 0, 300, 440});
+    table.setDataSource(numbers);
+    table.setDelegate(numbers);
+    table.reloadData();
+    EXPECT_EQ(numbers->made, 10);
+    table.dragTo({0, 1e9});
+    EXPECT_EQ(table.contentOffset().y, 1000 * 44.0 - 440);
+    EXPECT_EQ(numbers->made, 20);
+    window.touchDown({10, 430});
+    window.touchUp({10, 430});
+    EXPECT_EQ(numbers->selected, 999);
+    EXPECT_TRUE(table.requestDelete({0, 999}));
+    EXPECT_EQ(table.numberOfRowsInSection(0), 999);
+    EXPECT_EQ(table.contentOffset().y, 999 * 44.0 - 440);
+    EXPECT_FALSE(table.requestDelete({0, 999}));
+    EXPECT_FALSE(table.dragRow({0, 0}, {0, 1})) << "not while it is not edited";
+}
+
+TEST_F(Views, an_animation_is_over_when_its_time_has_passed) {
+    UIView& view = window.add<UIView>(CGRect{0, 0, 10, 10});
+    view.changesWereRead();
+    bool over = false;
+    UIView::animateWithDuration(
+        0.4, [&] { view.setAlpha(0); }, [&] { over = true; });
+    EXPECT_EQ(view.alpha(), 0);
+    EXPECT_TRUE(view.hasChanged() && window.hasChangedBelow());
+    EXPECT_NEAR(view.animationDuration(), 0.4, 1e-6);
+    phone.advance(0.39);
+    EXPECT_FALSE(over);
+    phone.advance(0.02);
+    EXPECT_TRUE(over);
+}
+
+TEST_F(Views, the_plain_rule_measures_wide_characters_and_lines) {
+    const UIFont font = UIFont::systemFontOfSize(10);
+    const TextMeasure& measure = TextMeasure::current();
+    EXPECT_EQ(measure.sizeOfText("ab수", font, 1000), (CGSize{20, 12}));
+    EXPECT_EQ(measure.sizeOfText("abcd", font, 10), (CGSize{10, 24}));
+    EXPECT_EQ(measure.sizeOfText("a\nb\xff", font, 1000).height, 24);
+    EXPECT_EQ(measure.sizeOfText("", font, 10), (CGSize{0, 0}));
+}
+
+}  // namespace
+
+}  // namespace gexlo::test
