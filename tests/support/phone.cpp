@@ -124,15 +124,21 @@ GXLessonData& Phone::addSubject(GXTimetableData& timetable, const std::string& n
                                 const std::vector<Slot>& slots) {
     GXLessonData& lesson = manager().addNewLessonInTimetable(timetable);
     lesson.name = name;
-    for (const Slot& slot : slots) {
-        GXDayNPeriodData& placement = manager().addNewDayNPeriod();
-        placement.day = slot.day;
-        placement.period = slot.period;
-        placement.week = slot.week;
-        lesson.times.addObject(placement);
-    }
+    for (const Slot& slot : slots)
+        place(lesson, slot);
     manager().saveContext();
     return lesson;
+}
+
+GXDayNPeriodData& Phone::place(GXLessonData& lesson, const Slot& slot) {
+    GXDayNPeriodData& placement = manager().addNewDayNPeriod();
+    placement.day = slot.day;
+    placement.period = slot.period;
+    placement.week = slot.week;
+    placement.room.clear();
+    if (slot.room) placement.room = slot.room;
+    lesson.times.addObject(placement);
+    return placement;
 }
 
 GXHomeworkData& Phone::addHomework(GXLessonData& lesson, const std::string& title) {

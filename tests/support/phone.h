@@ -16,6 +16,7 @@ struct Slot {
     NSInteger day;
     float period;
     NSInteger week = 0;
+    const char* room = "";  ///< null for none at all
 };
 constexpr Slot mon(float period, NSInteger week = 0) {
     return {1, period, week};
@@ -25,6 +26,11 @@ constexpr Slot tue(float period, NSInteger week = 0) {
 }
 constexpr Slot wed(float period, NSInteger week = 0) {
     return {3, period, week};
+}
+/// `in("B12", mon(1))`.
+constexpr Slot in(const char* room, Slot slot) {
+    slot.room = room;
+    return slot;
 }
 
 /// A directory that goes with its holder.
@@ -74,6 +80,8 @@ public:
     GXLessonData& addSubject(const std::string& name, const std::vector<Slot>& slots = {});
     GXLessonData& addSubject(GXTimetableData& timetable, const std::string& name,
                              const std::vector<Slot>& slots = {});
+    /// Unsaved.
+    GXDayNPeriodData& place(GXLessonData& lesson, const Slot& slot);
     GXHomeworkData& addHomework(GXLessonData& lesson, const std::string& title);
     GXClasstimeData& addClasstime(GXTimetableData& timetable, const Slot& slot, NSInteger hour,
                                   NSInteger minute);

@@ -161,11 +161,6 @@ CGRect GridGeometry::cellRect(int index, int period) const {
     return rect(cellWidth * column, cellHeight * row, cellWidth - 1, cellHeight - 1);
 }
 
-CGSize GridGeometry::blockSize(int blocks) const {
-    return {static_cast<double>(daysOnLeft ? cellWidth * blocks - 1 : cellWidth - 1),
-            static_cast<double>(daysOnLeft ? cellHeight - 1 : cellHeight * blocks - 1)};
-}
-
 CGRect GridGeometry::borderRect() const {
     return daysOnLeft ? rect(0, topAxisHeight, tableWidth - 2, tableHeight - 2 - topAxisHeight)
                       : rect(leftAxisWidth, 0, tableWidth - 2 - leftAxisWidth, tableHeight - 2);

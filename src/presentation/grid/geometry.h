@@ -51,8 +51,6 @@ struct GridGeometry {
     // Of a week's grid, in its own coordinates:
     CGRect cellBaseRect() const;
     CGRect cellRect(int index, int period) const;  ///< in those of the cell base
-    /// A block of n merged rows grows along the periods alone.
-    CGSize blockSize(int blocks) const;
     CGRect borderRect() const;
     CGRect dayLineRect(int number) const;                    ///< number from 1
     CGRect periodSegmentRect(int number, int period) const;  ///< both from 1

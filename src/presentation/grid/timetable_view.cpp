@@ -192,6 +192,8 @@ void GXTimetableView::clearLessonCells() {
 template <typename Visit>
 void GXTimetableView::forEachCellOn(const Placements& placements, Visit visit) {
     const NSInteger rows = axis_.count();
+    // A grid that is cleared, or an image, has not a cell for every slot, and takes in nothing.
+    if (classCells_.size() != static_cast<std::size_t>(grid_.numDays * rows)) return;
     for (const PlacedSlot& slot : placements.slots) {
         if (slot.week != weekNo_ || slot.day < 0 || slot.day > 6) continue;
         const NSInteger row = axis_.indexOf(slot.period);
@@ -222,7 +224,7 @@ void GXTimetableView::setLessonCellsFromCells(std::span<const std::shared_ptr<GX
     const NSInteger rows = axis_.count();
     for (std::size_t i = 0; i < cells.size(); ++i) {
         const GXCellView& shown = *cells[i];
-        if (shown.numBlocks() < 1 || shown.isHidden()) continue;
+        if (!shown.lesson() || shown.numBlocks() < 1 || shown.isHidden()) continue;
         const auto index = static_cast<int>(static_cast<NSInteger>(i) / rows);
         auto cell = newCell(index, shown.slot().day, shown.slot().periodIndex);
         cellBaseView_->addSubview(cell);
