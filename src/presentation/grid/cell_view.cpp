@@ -241,16 +241,22 @@ void GXCellView::cancelAddMode() {
     state_ = State::normal;
 }
 
-void GXCellView::finishAddMode(GXLessonData& lesson, const Placements& placements) {
-    if (state_ == State::locked) {
-        blackMask_.setHidden(true);
-        state_ = State::normal;
-    } else if (state_ == State::selected) {
+/// What both modes end with; false for a cell that was neither locked nor selected.
+bool GXCellView::finishMode(GXLessonData& lesson, const Placements& placements) {
+    if (state_ == State::selected) {
         setLesson_withClasstimeList(lesson, placements);
-    } else {
-        lesson_ = nullptr;
-        dayNPeriod_ = nullptr;
+        return true;
     }
+    if (state_ != State::locked) return false;
+    blackMask_.setHidden(true);
+    state_ = State::normal;
+    return true;
+}
+
+void GXCellView::finishAddMode(GXLessonData& lesson, const Placements& placements) {
+    if (finishMode(lesson, placements)) return;
+    lesson_ = nullptr;
+    dayNPeriod_ = nullptr;
 }
 
 void GXCellView::beginEditMode(const GXLessonData& lesson) {
@@ -290,16 +296,10 @@ void GXCellView::cancelEditMode() {
 }
 
 void GXCellView::finishEditMode(GXLessonData& lesson, const Placements& placements) {
-    if (state_ == State::locked) {
-        blackMask_.setHidden(true);
-        state_ = State::normal;
-    } else if (state_ == State::selected) {
-        setLesson_withClasstimeList(lesson, placements);
-    } else {
-        lesson_ = nullptr;
-        dayNPeriod_ = nullptr;
-        numBlocks_ = 0;
-    }
+    if (finishMode(lesson, placements)) return;
+    lesson_ = nullptr;
+    dayNPeriod_ = nullptr;
+    numBlocks_ = 0;
 }
 
 // MARK: removal

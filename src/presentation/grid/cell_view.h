@@ -100,6 +100,7 @@ private:
     UIView& addMask(const char* identifier, UIColor color);
     void buttonEvent(UIControlEvent event);
     void buttonTouchUp();
+    bool finishMode(GXLessonData& lesson, const Placements& placements);
     void select();
     void deselect();
     void show(GXLessonData& lesson, const Placements& placements, std::size_t position);

@@ -40,11 +40,12 @@ CGRect centred(CGSize size, CGSize screen) {
 }  // namespace
 
 GXColorSelector::GXColorSelector(CGRect frame, GXColorSelectorDelegate& delegate)
-    : UIView(frame), delegate_(delegate), panel_(add<UIView>(centred(panelSize(), frame.size()))) {
+    : FadingPanel(frame),
+      delegate_(delegate),
+      panel_(add<UIView>(centred(panelSize(), frame.size()))) {
     const GXThemeManager& theme = GXThemeManager::manager();
     setAccessibilityIdentifier("GXColorSelector");
     setBackgroundColor(UIColor::colorWithWhite(0, 0.4F));
-    setAlpha(0);
     panel_.setBackgroundColor(theme.popUpViewBackgroundColor);
     panel_.setBorder(theme.popUpViewBorderWidth, theme.popUpViewBorderColor);
     panel_.setCornerRadius(10);
@@ -161,22 +162,17 @@ void GXColorSelector::selectFontColor(NSInteger tag) {
 void GXColorSelector::showWithColorIndex_andFontColorIndex(NSInteger color, NSInteger fontColor) {
     selectColor(color);
     selectFontColor(fontColor);
-    animateWithDuration(kShowDuration, [&] { setAlpha(1); });
+    fadeIn(kShowDuration);
 }
 
 void GXColorSelector::done() {
-    if (closing_) return;
+    if (isLeaving()) return;
     delegate_.colorSelected_andFontColor(colorIndex_, fontColorIndex_);
     closeView();
 }
 
 void GXColorSelector::closeView() {
-    if (closing_) return;
-    closing_ = true;
-    setUserInteractionEnabled(false);
-    animateWithDuration(
-        kCloseDuration, [&] { setAlpha(0); },
-        [self = shared_from_this()] { self->removeFromSuperview(); });
+    fadeOutAndLeave(kCloseDuration);
 }
 
 }  // namespace gexlo

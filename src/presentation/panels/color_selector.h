@@ -6,6 +6,7 @@
 #include "platform/foundation/notification_center.h"
 #include "platform/views/button.h"
 #include "platform/views/label.h"
+#include "presentation/panels/fading_panel.h"
 
 namespace gexlo {
 
@@ -17,7 +18,7 @@ public:
     virtual void colorSelected_andFontColor(NSInteger color, NSInteger fontColor) = 0;
 };
 
-class GXColorSelector final : public UIView {
+class GXColorSelector final : public FadingPanel {
 public:
     GXColorSelector(CGRect frame, GXColorSelectorDelegate& delegate);
     const char* className() const override { return "GXColorSelector"; }
@@ -54,7 +55,6 @@ private:
     std::vector<Swatch> fontColors_;
     NSInteger colorIndex_ = -1;
     NSInteger fontColorIndex_ = -1;
-    bool closing_ = false;
     NotificationToken closeAll_;
 };
 

@@ -33,12 +33,11 @@ CGRect panelRect(CGSize screen, double footHeight) {
 }  // namespace
 
 GXMoreMenu::GXMoreMenu(CGRect frame)
-    : UIView(frame),
+    : FadingPanel(frame),
       panel_(add<UIView>(panelRect(frame.size(), GXUIManager::manager().bottomViewHeight()))) {
     const GXThemeManager& theme = GXThemeManager::manager();
     setAccessibilityIdentifier("GXMoreMenu");
     setBackgroundColor(UIColor::colorWithWhite(0, 0.4F));
-    setAlpha(0);
     panel_.setBackgroundColor(theme.popUpViewBackgroundColor);
     panel_.setBorder(theme.popUpViewBorderWidth, theme.popUpViewBorderColor);
     panel_.setCornerRadius(10);
@@ -81,7 +80,7 @@ void GXMoreMenu::addItems() {
         label.setTextAlignment(NSTextAlignment::center);
         label.setTextColor(theme.moreMenuTextColor);
         button.addAction(UIControlEvent::touchUpInside, [this, action = item.action] {
-            if (!locked_) (this->*action)();
+            if (!isLeaving()) (this->*action)();
         });
         ++place;
     }
@@ -94,14 +93,11 @@ void GXMoreMenu::addItems() {
 }
 
 void GXMoreMenu::open() {
-    animateWithDuration(kOpenDuration, [&] { setAlpha(1); });
+    fadeIn(kOpenDuration);
 }
 
 void GXMoreMenu::close() {
-    locked_ = true;
-    animateWithDuration(
-        kCloseDuration, [&] { setAlpha(0); },
-        [self = shared_from_this()] { self->removeFromSuperview(); });
+    fadeOutAndLeave(kCloseDuration);
 }
 
 void GXMoreMenu::unlockAndClose() {
@@ -110,7 +106,7 @@ void GXMoreMenu::unlockAndClose() {
 }
 
 void GXMoreMenu::closeButtonAction() {
-    if (!locked_) unlockAndClose();
+    if (!isLeaving()) unlockAndClose();
 }
 
 void GXMoreMenu::alarmAction() {
@@ -130,7 +126,7 @@ void GXMoreMenu::exportAction() {
                      {NSLocalizedString("CANCEL_BUTTON"), UIAlert::Button::Style::cancel}};
     sheet.dismissed = [weak = weak_from_this()](std::size_t button, const auto&) {
         const auto self = std::static_pointer_cast<GXMoreMenu>(weak.lock());
-        if (!self || button != 0 || self->locked_) return;
+        if (!self || button != 0 || self->isLeaving()) return;
         if (MainScreen* screen = GXUIManager::manager().mainView()) screen->openExportView();
         self->unlockAndClose();
     };

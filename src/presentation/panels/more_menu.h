@@ -4,10 +4,11 @@
 #include "platform/foundation/notification_center.h"
 #include "platform/views/button.h"
 #include "platform/views/label.h"
+#include "presentation/panels/fading_panel.h"
 
 namespace gexlo {
 
-class GXMoreMenu final : public UIView {
+class GXMoreMenu final : public FadingPanel {
 public:
     explicit GXMoreMenu(CGRect frame);
     const char* className() const override { return "GXMoreMenu"; }
@@ -27,7 +28,6 @@ private:
     void unlockAndClose();
 
     UIView& panel_;
-    bool locked_ = false;  // from the first tap that closes
     NotificationToken closeAll_;
 };
 

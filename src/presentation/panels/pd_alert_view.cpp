@@ -22,7 +22,7 @@ CGRect mainRect() {
 PDAlertView::PDAlertView(const std::string& title, const std::string& message,
                          std::weak_ptr<PDAlertViewDelegate> delegate,
                          const std::string& positiveButtonTitle)
-    : UIView(UIScreen::mainScreen().bounds()),
+    : FadingPanel(UIScreen::mainScreen().bounds()),
       delegate_(std::move(delegate)),
       mainView_(add<UIView>(mainRect())),
       titleLabel_(mainView_.add<UILabel>(CGRect{10, 10, 240, 30})),
@@ -33,7 +33,6 @@ PDAlertView::PDAlertView(const std::string& title, const std::string& message,
           addButton("positiveButton", {130, 96, 130, kButtonHeight}, positiveButtonTitle)) {
     setAccessibilityIdentifier("PDAlertView");
     setBackgroundColor(UIColor::colorWithWhite(0, 0.8F));
-    setAlpha(0);
     mainView_.setBackgroundColor(UIColor::whiteColor());
     mainView_.setCornerRadius(8);
     mainView_.setClipsToBounds(true);
@@ -71,17 +70,14 @@ void PDAlertView::setTextField(std::shared_ptr<UITextField> field) {
 
 void PDAlertView::show() {
     UIWindow::keyWindow().addSubview(shared_from_this());
-    animateWithDuration(kShowDuration, [&] { setAlpha(1); });
+    fadeIn(kShowDuration);
 }
 
 void PDAlertView::pressed(UIButton& button, void (PDAlertViewDelegate::*told)(PDAlertView&)) {
-    if (closing_) return;
-    closing_ = true;
+    if (isLeaving()) return;
     button.setBackgroundColor(UIColor::colorWithWhite(0.93F));
     if (const auto delegate = delegate_.lock()) ((*delegate).*told)(*this);
-    animateWithDuration(
-        kCloseDuration, [&] { setAlpha(0); },
-        [self = shared_from_this()] { self->removeFromSuperview(); });
+    fadeOutAndLeave(kCloseDuration);
 }
 
 }  // namespace gexlo

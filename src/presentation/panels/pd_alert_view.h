@@ -7,6 +7,7 @@
 #include "platform/views/button.h"
 #include "platform/views/label.h"
 #include "platform/views/text_input.h"
+#include "presentation/panels/fading_panel.h"
 
 namespace gexlo {
 
@@ -20,7 +21,7 @@ public:
     virtual void positiveButtonPressed(PDAlertView&) {}
 };
 
-class PDAlertView final : public UIView {
+class PDAlertView final : public FadingPanel {
 public:
     PDAlertView(const std::string& title, const std::string& message,
                 std::weak_ptr<PDAlertViewDelegate> delegate,
@@ -47,7 +48,6 @@ private:
     UILabel& messageLabel_;
     UIButton& cancelButton_;
     UIButton& positiveButton_;
-    bool closing_ = false;
 };
 
 }  // namespace gexlo

@@ -5,6 +5,7 @@
 #include "platform/foundation/bundle.h"
 #include "platform/foundation/string_format.h"
 #include "platform/views/alert.h"
+#include "platform/views/screen.h"
 #include "presentation/notifications.h"
 #include "presentation/style/color_manager.h"
 #include "presentation/style/theme_manager.h"
@@ -123,13 +124,10 @@ void SubjectListTableView::didSelectRow(UITableView&, NSIndexPath path) {
 
 // MARK: the panel
 
-SubjectListView::SubjectListView() {
-    const GXUIManager& manager = GXUIManager::manager();
+SubjectListView::SubjectListView() : FadingPanel(UIScreen::mainScreen().bounds()) {
     const GXThemeManager& theme = GXThemeManager::manager();
-    const ScreenFacts& screen = manager.screen();
-    setFrame({0, 0, screen.screenWidth, screen.screenHeight});
+    const ScreenFacts& screen = GXUIManager::manager().screen();
     setBackgroundColor(UIColor::colorWithWhite(0, 0.4F));
-    setAlpha(0);
 
     const double side = screen.scheduleBaseViewLeftMargin;
     const double top = screen.statusBarHeight + 44.0 + 12;
@@ -196,20 +194,13 @@ void SubjectListView::show() {
     showMessage();
     const CGRect place = panel_->frame();
     panel_->setFrame(place.offsetBy({0, kRise}));
-    animateWithDuration(kFadeDuration, [&] {
-        setAlpha(1);
-        panel_->setFrame(place);
-    });
+    fadeIn(kFadeDuration, [&] { panel_->setFrame(place); });
 }
 
 void SubjectListView::close() {
-    if (closing_) return;
-    closing_ = true;
+    if (isLeaving()) return;
     GXUIManager::manager().lockMenu(false);
-    setUserInteractionEnabled(false);
-    animateWithDuration(
-        kFadeDuration, [&] { setAlpha(0); },
-        [self = shared_from_this()] { self->removeFromSuperview(); });
+    fadeOutAndLeave(kFadeDuration);
 }
 
 void SubjectListView::setListMode() {

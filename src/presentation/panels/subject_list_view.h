@@ -9,6 +9,7 @@
 #include "platform/views/image_view.h"
 #include "platform/views/label.h"
 #include "platform/views/table_view.h"
+#include "presentation/panels/fading_panel.h"
 
 namespace gexlo {
 
@@ -67,7 +68,7 @@ private:
     bool locked_ = false;
 };
 
-class SubjectListView final : public UIView, public SubjectListTableViewDelegate {
+class SubjectListView final : public FadingPanel, public SubjectListTableViewDelegate {
 public:
     SubjectListView();
     const char* className() const override { return "SubjectListView"; }
@@ -96,7 +97,6 @@ private:
     std::shared_ptr<UIButton> doneButton_;
     std::shared_ptr<SubjectListTableView> table_;
     bool locked_ = false;
-    bool closing_ = false;
     NotificationToken closeAll_;
 };
 
