@@ -14,12 +14,19 @@ namespace {
 
 /// Sizes that shrinking texts ask for are without number.
 constexpr qsizetype kMostFonts = 64;
+constexpr std::size_t kMostLayouts = 1024;
 
 /// Beyond it, in pixels, no picture reaches; keeps odd frames out of integers.
 constexpr double kFarthest = 1e6;
 
+/// Areas are filled in strips of that many pixels: higher ones the toolkit shares out among
+/// threads, which takes three times as long for a cell.
+constexpr int kStrip = 64;
+
 int pixelAt(double value) {
-    return static_cast<int>(std::lround(std::clamp(value, -kFarthest, kFarthest)));
+    // Written so that what is no number comes out as one.
+    return static_cast<int>(
+        std::lround(value > -kFarthest ? std::min(value, kFarthest) : -kFarthest));
 }
 
 /// The ends of three parts of a stretched image along an axis.
@@ -37,6 +44,16 @@ const QRawFont& DrawingResources::font(const QRawFont& reference, double pixels)
     QRawFont font = reference;
     font.setPixelSize(pixels);
     return *fonts_.insert(key, font);
+}
+
+const TextLayout& DrawingResources::layout(std::string_view text, const UIFont& font,
+                                           const TextBounds& bounds) {
+    LayoutKey key(text, font.family, font.size, font.bold, bounds.width, bounds.lines,
+                  bounds.smallestScale, bounds.elides);
+    const auto found = layouts_.find(key);
+    if (found != layouts_.end()) return found->second;
+    if (layouts_.size() == kMostLayouts) layouts_.clear();
+    return layouts_.emplace(std::move(key), TextLayout(text, font, bounds)).first->second;
 }
 
 Canvas::Canvas(QImage& image, double scale, DrawingResources& resources)
@@ -88,7 +105,9 @@ void Canvas::fill(const CGRect& rect, const UIColor& color, double cornerRadius)
     if (cornerRadius > 0) {
         painter_.fillPath(rounded(target, cornerRadius), paint);
     } else {
-        painter_.fillRect(target & visible_, paint);
+        const QRect seen = target & visible_;
+        for (int y = seen.top(); y <= seen.bottom(); y += kStrip)
+            painter_.fillRect(QRect(seen.x(), y, seen.width(), kStrip) & seen, paint);
     }
 }
 

@@ -6,6 +6,9 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QRawFont>
+#include <map>
+#include <string>
+#include <tuple>
 #include <utility>
 
 #include "hosts/drawing/image_store.h"
@@ -26,9 +29,15 @@ public:
 
     ImageStore& images() { return images_; }
     const QRawFont& font(const QRawFont& reference, double pixels);
+    /// Until the next call. A grid says the same in many cells, so layouts are kept.
+    const TextLayout& layout(std::string_view text, const UIFont& font, const TextBounds& bounds);
 
 private:
+    using LayoutKey =
+        std::tuple<std::string, std::string_view, float, bool, double, int, double, bool>;
+
     ImageStore images_;
+    std::map<LayoutKey, TextLayout> layouts_;
     QHash<std::pair<QRawFont, int>, QRawFont> fonts_;
 };
 
@@ -48,6 +57,10 @@ public:
     /// Fills the rectangle, the image's caps keeping their size.
     void image(const UIImage& image, const CGRect& rect, const UIColor& tint);
     CGSize sizeOf(const UIImage& image);
+    /// For `text`; good until the next call.
+    const TextLayout& layout(std::string_view text, const UIFont& font, const TextBounds& bounds) {
+        return resources_.layout(text, font, bounds);
+    }
     void text(const TextLayout& layout, const CGRect& box, NSTextAlignment alignment,
               const UIColor& color, TextPlacement placement = TextPlacement::middle);
 

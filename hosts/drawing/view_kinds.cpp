@@ -45,8 +45,9 @@ void drawLabel(Canvas& canvas, const UILabel& label, const CGRect& frame) {
     const int most = linesThatFit(frame.height, label.font());
     const int lines = label.numberOfLines() > 0 ? std::min(most, label.numberOfLines()) : most;
     const double smallest = label.numberOfLines() == 1 ? label.minimumScaleFactor() : 1;
-    const TextLayout layout(label.text(), label.font(),
-                            {.width = frame.width, .lines = lines, .smallestScale = smallest});
+    const TextLayout& layout =
+        canvas.layout(label.text(), label.font(),
+                      {.width = frame.width, .lines = lines, .smallestScale = smallest});
     canvas.text(layout, frame, label.textAlignment(), label.textColor());
 }
 
@@ -62,8 +63,8 @@ void drawButton(Canvas& canvas, const UIButton& button, const CGRect& frame) {
     const double fit = std::min({1.0, frame.width / std::max(image.width, 1.0),
                                  frame.height / std::max(image.height, 1.0)});
     image = {image.width * fit, image.height * fit};
-    const TextLayout title(button.title(), button.font(),
-                           {.width = frame.width - image.width, .lines = 1});
+    const TextLayout& title = canvas.layout(button.title(), button.font(),
+                                            {.width = frame.width - image.width, .lines = 1});
     const double titleWidth = title.size().width;
     CGRect row = centered({image.width + titleWidth, frame.height}, frame);
     canvas.image(button.image(), centered(image, {row.x, row.y, image.width, row.height}),
@@ -85,8 +86,8 @@ void drawTextField(Canvas& canvas, const UITextField& field, const CGRect& frame
     }
     const bool isEmpty = text.empty();
     const CGRect box{frame.x + kInset, frame.y, frame.width - 2 * kInset, frame.height};
-    const TextLayout layout(isEmpty ? field.placeholder() : text, field.font(),
-                            {.width = box.width, .lines = 1});
+    const TextLayout& layout = canvas.layout(isEmpty ? field.placeholder() : text, field.font(),
+                                             {.width = box.width, .lines = 1});
     canvas.text(layout, box, field.textAlignment(),
                 isEmpty ? kPlaceholderColor : field.textColor());
 }
@@ -97,7 +98,7 @@ void drawTextView(Canvas& canvas, const UITextView& view, const CGRect& frame) {
     if (canvas.isOutside(frame)) return;
     const bool isEmpty = view.text().empty();
     const CGRect box{frame.x + kSide, frame.y + kTop, frame.width - 2 * kSide, frame.height - kTop};
-    const TextLayout layout(
+    const TextLayout& layout = canvas.layout(
         isEmpty ? view.placeholder() : view.text(), view.font(),
         {.width = box.width, .lines = linesThatFit(box.height, view.font()) + 1, .elides = false});
     canvas.text(layout, box, view.textAlignment(), isEmpty ? kPlaceholderColor : view.textColor(),

@@ -13,7 +13,8 @@ namespace gexlo {
 
 class UIWindow;
 
-/// Keeps what it has read and found out from one picture to the next. For one thread.
+/// Keeps what it has read and found out from one picture to the next. For one device
+/// and one thread.
 class ViewPainter {
 public:
     /// With the images of that directory.

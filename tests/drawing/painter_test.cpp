@@ -49,11 +49,10 @@ protected:
         label.setText(text);
         return label;
     }
-    QImage painted(double scale = 2) { return painter.paint(*sheet, scale); }
+    QImage painted(double scale = 2) { return ViewPainter(directory.path()).paint(*sheet, scale); }
     Phone phone;
     QtTextMeasure measure;
     TemporaryDirectory directory;
-    ViewPainter painter{directory.path()};
     std::shared_ptr<UIView> sheet = std::make_shared<UIView>(CGRect{0, 0, 400, 200});
 };
 
@@ -122,12 +121,12 @@ TEST_F(Painter, the_driver_writes_the_screen_with_what_lies_over_it) {
     EXPECT_TRUE(result.output.ends_with("cannot be written\",\"ok\":false}\n")) << result.output;
     phone.launch();
     UIWindow& window = UIWindow::keyWindow();
-    ViewPainter artist(phone.facts.resources / "images");
-    const QImage screen = artist.paintScreen(window, 2);
+    ViewPainter painter(phone.facts.resources / "images");
+    const QImage screen = painter.paintScreen(window, 2);
     EXPECT_EQ(QImage(file.c_str()).convertToFormat(screen.format()), screen);
     UIAlert::notice("Title", "Message", "OK").show();
-    EXPECT_LT(qRed(artist.paintScreen(window, 2).pixel(2, 2)), qRed(screen.pixel(2, 2)));
-    EXPECT_GT(qRed(artist.paintScreen(window, 2).pixel(375, 667)), 200);
+    EXPECT_LT(qRed(painter.paintScreen(window, 2).pixel(2, 2)), qRed(screen.pixel(2, 2)));
+    EXPECT_GT(qRed(painter.paintScreen(window, 2).pixel(375, 667)), 200);
 }
 
 TEST_F(Painter, a_frame_of_the_measured_size_holds_all_of_a_text) {
