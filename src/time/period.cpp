@@ -61,6 +61,10 @@ void GXPeriod::setKindAndNames(float number, const std::string& breakName,
 void GXPeriod::setPeriodData(const GXClasstimeData& classtime) {
     periodNo = classtime.period.get();
     setKindAndNames(periodNo, classtime.name.get(), classtime.shortName.get());
+    setTimes(classtime);
+}
+
+void GXPeriod::setTimes(const GXClasstimeData& classtime) {
     setBeginHour_beginMin_endHour_endMin(classtime.beginHour.get(), classtime.beginMin.get(),
                                          classtime.endHour.get(), classtime.endMin.get());
 }

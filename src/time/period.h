@@ -36,6 +36,7 @@ public:
 
     /// Fills the row from its class time. A break is named by it, other rows by their number.
     void setPeriodData(const GXClasstimeData& classtime);
+    void setTimes(const GXClasstimeData& classtime);
     /// Fills the row for a number that has no class time: a break without names, no times.
     void clearPeriodData(float number);
     /// Sets the four numbers and the texts that follow from them. A time of which one field

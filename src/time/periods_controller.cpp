@@ -27,13 +27,15 @@ ClasstimesByNumber classtimesOfWeek(const GXTimetableData& timetable, NSInteger 
     return byNumber;
 }
 
-GXPeriod rowFor(float number, const ClasstimesByNumber& classtimes) {
-    GXPeriod period;
-    const auto found = classtimes.find(number);
-    if (found == classtimes.end()) {
-        period.clearPeriodData(number);
-    } else {
+/// A row takes its names from its number, but for a break, and its times from its class time.
+GXPeriod rowFor(const GXPeriod& untimed, const ClasstimesByNumber& classtimes) {
+    const auto found = classtimes.find(untimed.periodNo);
+    if (found == classtimes.end()) return untimed;
+    GXPeriod period = untimed;
+    if (period.isBreak) {
         period.setPeriodData(*found->second);
+    } else {
+        period.setTimes(*found->second);
     }
     return period;
 }
@@ -55,8 +57,10 @@ void GXPeriodsController::setTimetableData(const GXTimetableData& timetable) {
         for (const float step : kSteps) {
             const float number = static_cast<float>(n) + step;
             if (isBreakNumber(number) && !classtimes[0].contains(number)) continue;
+            GXPeriod untimed;
+            untimed.clearPeriodData(number);
             for (std::size_t week = 0; week < 2; ++week) {
-                all_[week].push_back(rowFor(number, classtimes[week]));
+                all_[week].push_back(rowFor(untimed, classtimes[week]));
             }
         }
     }
@@ -69,10 +73,7 @@ void GXPeriodsController::copyClasshoursFromTimetableData(const GXTimetableData&
         const ClasstimesByNumber classtimes = classtimesOfWeek(timetable, week);
         for (GXPeriod& row : all_[week]) {
             const auto found = classtimes.find(row.periodNo);
-            if (found == classtimes.end()) continue;
-            const GXClasstimeData& times = *found->second;
-            row.setBeginHour_beginMin_endHour_endMin(times.beginHour.get(), times.beginMin.get(),
-                                                     times.endHour.get(), times.endMin.get());
+            if (found != classtimes.end()) row.setTimes(*found->second);
         }
     }
 }
