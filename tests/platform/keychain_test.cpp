@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/services/key_store.h"
 #include "support/phone.h"
 
 namespace gexlo::test {
@@ -69,6 +70,122 @@ TEST_F(Keychain, its_file_is_private_and_what_it_cannot_keep_is_not_taken) {
     EXPECT_EQ(SecItemDelete(account("ann")), OSStatus::errSecIO);
     EXPECT_EQ(keychainItems().size(), 2);
 }
+
+/// A secret service whose answers to what it is to keep wait until they are let go.
+class SlowKeyStore final : public KeyStore {
+public:
+    std::optional<std::string> load() override {
+        return isLocked ? std::optional<std::string>("") : secret;
+    }
+    void save(const std::string& text, std::function<void()> kept) override {
+        waiting.push_back([this, text, kept] {
+            secret = text;
+            kept();
+        });
+    }
+    void keep() {
+        for (const auto& save : std::exchange(waiting, {}))
+            save();
+    }
+
+    std::optional<std::string> secret = "";
+    bool isLocked = false;
+    std::vector<std::function<void()>> waiting;
+};
+
+class KeychainWithKeyStore : public Keychain {
+protected:
+    void restartWith(std::shared_ptr<KeyStore> keyStore) {
+        phone.facts.keyStore = std::move(keyStore);
+        phone.restart();
+    }
+    /// Ann and Ben stand in the key store, and the file says so.
+    void moveAll() {
+        restartWith(store);
+        EXPECT_EQ(names(), "ann ben ");
+        store->keep();
+    }
+    static std::string names() {
+        std::string names;
+        for (const NSDictionary& item : keychainItems())
+            names += item.at(kSecAttrAccount).stringValue() + " ";
+        return names;
+    }
+    bool fileHas(const std::string& name) const {
+        return readFile(file).find(name) != std::string::npos;
+    }
+    static void set(const char* name, const NSData& secret) {
+        const NSDictionary changes{{kSecValueData, secret}};
+        if (SecItemUpdate(account(name), changes) == OSStatus::errSecSuccess) return;
+        EXPECT_EQ(SecItemAdd(item(name, secret)), OSStatus::errSecSuccess);
+    }
+    const std::shared_ptr<SlowKeyStore> store = std::make_shared<SlowKeyStore>();
+};
+
+TEST_F(KeychainWithKeyStore, items_leave_the_file_only_once_these_very_ones_are_kept) {
+    restartWith(store);
+    EXPECT_EQ(names(), "ann ben ");
+    const auto former = std::exchange(store->waiting, {});
+    set("carl", {3});
+    for (const auto& save : former)
+        save();
+    EXPECT_TRUE(fileHas("ann") && fileHas("carl")) << "only the former ones were kept";
+    store->keep();
+    EXPECT_FALSE(fileHas("ann") || fileHas("carl"));
+    phone.restart();
+    EXPECT_EQ(names(), "ann ben carl ");
+    EXPECT_TRUE(store->waiting.empty()) << "nothing is new";
+    set("dora", {4});
+    phone.quit();
+    store->keep();  // later than anyone waits for it
+    phone.restart();
+    EXPECT_EQ(names(), "ann ben carl dora ");
+}
+
+TEST_F(KeychainWithKeyStore, a_change_that_it_did_not_keep_stands_in_the_file_and_wins) {
+    moveAll();
+    EXPECT_EQ(SecItemDelete(account("ann")), OSStatus::errSecSuccess);
+    set("ben", {7});
+    store->waiting.clear();  // gone for the rest of the run, and for the next
+    restartWith(nullptr);
+    EXPECT_EQ(names(), "ben ");
+    set("carl", {3});
+    restartWith(store);
+    EXPECT_EQ(names(), "ben carl ");
+    EXPECT_EQ(secret(account("ben")), NSData{7});
+    store->keep();
+    EXPECT_FALSE(fileHas("ben"));
+}
+
+class UnreadableKeyStore : public KeychainWithKeyStore,
+                           public testing::WithParamInterface<const char*> {};
+
+TEST_P(UnreadableKeyStore, holds_on_to_its_items_and_is_joined_by_those_added_meanwhile) {
+    moveAll();
+    const std::string kept = *store->secret;
+    const std::string fault = GetParam();
+    store->isLocked = fault == "locked";
+    if (fault == "away") store->secret.reset();
+    if (fault == "damaged") {
+        store->secret = "no property list";
+        phone.expectLog("The key store's items cannot be read");
+    }
+    phone.restart();
+    EXPECT_EQ(names(), "");
+    set("ben", {8});
+    set("carl", {3});
+    EXPECT_TRUE(store->waiting.empty()) << "what could not be read would be overwritten";
+    store->isLocked = false;
+    store->secret = kept;
+    phone.restart();
+    EXPECT_EQ(names(), "ben carl ann ");
+    EXPECT_EQ(secret(account("ben")), NSData{8});
+    EXPECT_EQ(secret(account("ann")), (NSData{0, 1, 255}));
+    store->keep();
+    EXPECT_FALSE(fileHas("carl"));
+}
+INSTANTIATE_TEST_SUITE_P(Keychain, UnreadableKeyStore,
+                         testing::Values("locked", "damaged", "away"));
 
 }  // namespace
 }  // namespace gexlo::test

@@ -16,6 +16,7 @@
 
 namespace gexlo {
 
+class KeyStore;
 class TextMeasure;
 
 /// What a host says about the device before it installs it.
@@ -42,6 +43,8 @@ struct DeviceFacts {
 
     /// Null where the host draws nothing; a plain rule measures then.
     std::shared_ptr<const TextMeasure> textMeasure;
+    /// Null where the keychain's file is all there is.
+    std::shared_ptr<KeyStore> keyStore;
 
     std::string serviceUrl;
     std::string feedbackUrl;

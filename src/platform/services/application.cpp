@@ -80,6 +80,7 @@ void UIApplication::ring(const UILocalNotification& note) {
         delegate_->application_didReceiveLocalNotification(note);
     } else {
         schedule().addRung(note);
+        if (ringHandler_) ringHandler_(note);
     }
 }
 

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <utility>
 #include <vector>
 
 #include "platform/foundation/types.h"
@@ -63,6 +65,10 @@ public:
     /// What rang while the application was not active, oldest first.
     const std::vector<UILocalNotification>& rungLocalNotifications() const;
     void removeRungLocalNotification(std::size_t index);
+    /// Called with what rings while the application runs and is not active, once it has joined
+    /// the list. What fell due before the launch joins the list alone.
+    using RingHandler = std::function<void(const UILocalNotification&)>;
+    void setRingHandler(RingHandler handler) { ringHandler_ = std::move(handler); }
     /// Hands a notification to the application while it is active.
     void deliver(const UILocalNotification& note);
     /// A tap on a notification, which brings the application to the front.
@@ -75,6 +81,7 @@ private:
     UIApplicationDelegate* delegate_ = nullptr;  // ends with the device, as this does
     UIApplicationState state_ = UIApplicationState::notRunning;
     NSInteger notificationTypes_ = 0;
+    RingHandler ringHandler_;
 };
 
 }  // namespace gexlo
