@@ -5,18 +5,24 @@
 #include <QQuickWindow>
 #include <QStandardPaths>
 #include <QTimer>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 #include "app/app_delegate.h"
 #include "hosts/desktop/driver_input.h"
 #include "hosts/desktop/event_loop.h"
 #include "hosts/desktop/options.h"
 #include "hosts/desktop/screen_item.h"
+#include "hosts/desktop/services/desktop_key_store.h"
+#include "hosts/desktop/services/desktop_notifications.h"
+#include "hosts/desktop/services/single_instance.h"
 #include "hosts/desktop/window_commands.h"
 #include "hosts/drawing/qt_text_measure.h"
 #include "platform/foundation/installation_lock.h"
 #include "platform/services/application.h"
+#include "platform/services/local_notification.h"
 
 namespace gexlo {
 
@@ -66,14 +72,59 @@ void whenAtRest(QObject& context, const ScreenItem& screen, const std::function<
     });
 }
 
+/// The exit code of a start that cannot have the directory: another run may take its request.
+int giveWay(const InstallationLock& lock, const DesktopOptions& options) {
+    if (lock.isTaken() && !options.drives &&
+        SingleInstance::handOver(options.facts.root, SingleInstance::requestFrom(options.opened))) {
+        return 0;
+    }
+    std::fprintf(stderr, "%s\n", lock.refusal().c_str());
+    return lock.isTaken() ? 1 : 2;
+}
+
+/// What was clicked no longer lies unseen, and brings the application to the front.
+void openNotification(const UILocalNotification& note) {
+    UIApplication& application = UIApplication::sharedApplication();
+    const auto& rung = application.rungLocalNotifications();
+    const auto found = std::find(rung.begin(), rung.end(), note);
+    if (found != rung.end()) {
+        application.removeRungLocalNotification(static_cast<std::size_t>(found - rung.begin()));
+    }
+    application.open(note);
+}
+
+void bringToFront(QWindow& window) {
+    window.show();
+    window.raise();
+    window.requestActivate();
+}
+
+/// What the desktop gives to a person's own run, and not to one that is driven.
+struct Services {
+    Services(QWindow& window, const DeviceFacts& facts)
+        : notifications(QStringLiteral("Gexlo"),
+                        [&window](const UILocalNotification& note) {
+                            bringToFront(window);
+                            openNotification(note);
+                        }),
+          // Files and addresses are not opened yet: the window comes to the front.
+          instance(facts.root, [&window](const std::string&) { bringToFront(window); }) {
+        UIApplication::sharedApplication().setRingHandler(
+            [this](const UILocalNotification& note) { notifications.show(note); });
+    }
+
+    DesktopNotifications notifications;
+    SingleInstance instance;
+};
+
 int run(QGuiApplication& application, DesktopOptions options, bool visible) {
     const InstallationLock lock(options.facts.root);
-    if (!lock.isHeld()) {
-        std::fprintf(stderr, "%s\n", lock.refusal().c_str());
-        return lock.isTaken() ? 1 : 2;
-    }
+    if (!lock.isHeld()) return giveWay(lock, options);
     options.facts.textMeasure = std::make_shared<QtTextMeasure>();
-    if (!options.drives) options.facts.keyboardHeight = 0;  // the desktop has one of its own
+    if (!options.drives) {
+        options.facts.keyboardHeight = 0;  // the desktop has one of its own
+        options.facts.keyStore = std::make_shared<DesktopKeyStore>(options.facts.root);
+    }
     Device device(options.facts, options.clock);
 
     QQmlEngine engine;
@@ -92,9 +143,11 @@ int run(QGuiApplication& application, DesktopOptions options, bool visible) {
     EventLoop loop;
     Driver driver(windowCommands());
     std::unique_ptr<DriverInput> input;
+    std::optional<Services> services;
     if (options.drives) {
         input = std::make_unique<DriverInput>(driver, [&] { application.quit(); });
     } else {
+        services.emplace(window, options.facts);
         UIApplication::sharedApplication().launch(GXAppDelegate::delegate());
         QObject::connect(&application, &QGuiApplication::applicationStateChanged, &screen,
                          followState);
@@ -109,6 +162,7 @@ int run(QGuiApplication& application, DesktopOptions options, bool visible) {
     window.show();
     application.exec();
     input.reset();
+    UIApplication::sharedApplication().setRingHandler({});
     UIApplication::sharedApplication().terminate();
     return exitCode;
 }
