@@ -29,18 +29,20 @@ public:
 
     std::vector<TextLayout::Line> lines(const QString& text, double width, int count, bool elides);
     double widthOfLine(const QString& text);
+    /// Of the widest line when lines break between words alone.
+    double widthOfWords(const QString& text, double width) const;
 
 private:
-    void prepare(QTextLayout& layout, bool wraps) const;
+    void prepare(QTextLayout& layout, QTextOption::WrapMode mode) const;
     TextLayout::Line placed(const QTextLine& line) const;
     TextLayout::Line elided(const QString& text, double width);
 
     QFont face_;
 };
 
-void LineBreaker::prepare(QTextLayout& layout, bool wraps) const {
+void LineBreaker::prepare(QTextLayout& layout, QTextOption::WrapMode mode) const {
     QTextOption option;
-    option.setWrapMode(wraps ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
+    option.setWrapMode(mode);
     option.setUseDesignMetrics(true);
     layout.setFont(face_);
     layout.setTextOption(option);
@@ -62,12 +64,25 @@ double LineBreaker::widthOfLine(const QString& text) {
     return lines(text, kWidest, 1, false).front().width;
 }
 
+double LineBreaker::widthOfWords(const QString& text, double width) const {
+    double widest = 0;
+    QTextLayout layout(text);
+    prepare(layout, QTextOption::WordWrap);
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(std::min(width, kWidest));
+        widest = std::max(widest, line.naturalTextWidth());
+    }
+    layout.endLayout();
+    return widest;
+}
+
 /// As much of the text's first line as fits with an ellipsis behind it.
 TextLayout::Line LineBreaker::elided(const QString& text, double width) {
     QString shown = text.section(QChar::LineSeparator, 0, 0);
     const double room = width - widthOfLine(kEllipsis);
     QTextLayout layout(shown);
-    prepare(layout, false);
+    prepare(layout, QTextOption::NoWrap);
     layout.beginLayout();
     const QTextLine line = layout.createLine();
     layout.endLayout();
@@ -84,7 +99,7 @@ std::vector<TextLayout::Line> LineBreaker::lines(const QString& text, double wid
                                                  bool elides) {
     std::vector<TextLayout::Line> result;
     QTextLayout layout(text);
-    prepare(layout, count != 1);
+    prepare(layout, count == 1 ? QTextOption::NoWrap : QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(std::min(width, kWidest));
@@ -116,9 +131,11 @@ TextLayout::TextLayout(std::string_view text, const UIFont& font, const TextBoun
     const auto reference = [&](double points) {
         return std::max(0.0, points) / fontSize_ * kReferenceSize;
     };
-    if (bounds.lines == 1 && bounds.smallestScale < 1) {
-        const double scale =
-            reference(bounds.width) / std::max(breaker.widthOfLine(source), kRounding);
+    if (bounds.smallestScale < 1) {
+        const double width = reference(bounds.width);
+        const double needed =
+            bounds.lines == 1 ? breaker.widthOfLine(source) : breaker.widthOfWords(source, width);
+        const double scale = width / std::max(needed, kRounding);
         fontSize_ *= std::clamp(scale, std::max(bounds.smallestScale, 0.01), 1.0);
     }
     lines_ =

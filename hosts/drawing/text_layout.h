@@ -16,7 +16,7 @@ namespace gexlo {
 struct TextBounds {
     double width = 0;
     int lines = 0;             ///< 0 for as many as it takes
-    double smallestScale = 1;  ///< down to which a single line shrinks
+    double smallestScale = 1;  ///< down to which a single line, or a word of many, shrinks
     bool elides = true;        ///< whether what is left out shows as an ellipsis
 };
 

@@ -44,10 +44,9 @@ void drawLabel(Canvas& canvas, const UILabel& label, const CGRect& frame) {
     if (label.text().empty() || canvas.isOutside(frame)) return;
     const int most = linesThatFit(frame.height, label.font());
     const int lines = label.numberOfLines() > 0 ? std::min(most, label.numberOfLines()) : most;
-    const double smallest = label.numberOfLines() == 1 ? label.minimumScaleFactor() : 1;
-    const TextLayout& layout =
-        canvas.layout(label.text(), label.font(),
-                      {.width = frame.width, .lines = lines, .smallestScale = smallest});
+    const TextLayout& layout = canvas.layout(
+        label.text(), label.font(),
+        {.width = frame.width, .lines = lines, .smallestScale = label.minimumScaleFactor()});
     canvas.text(layout, frame, label.textAlignment(), label.textColor());
 }
 

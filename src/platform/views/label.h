@@ -29,7 +29,8 @@ public:
     /// 0 for as many as fit. What does not fit ends with an ellipsis.
     int numberOfLines() const { return numberOfLines_; }
     void setNumberOfLines(int lines) { change(numberOfLines_, lines); }
-    /// Whether a single line shrinks to its width, down to the given part of the font's size.
+    /// How far the text shrinks, as a part of the font's size: a single line until it fits, one
+    /// of many until no word is broken.
     double minimumScaleFactor() const { return minimumScaleFactor_; }
     void setMinimumScaleFactor(double factor) {
         change(minimumScaleFactor_, static_cast<float>(factor));

@@ -13,6 +13,8 @@ namespace gexlo {
 namespace {
 
 constexpr float kSubjectAlpha = 0.95F;
+/// Part of its size to which a text shrinks before a word is broken.
+constexpr double kSmallestText = 0.7;
 constexpr UIColor kRoomBackground = UIColor::colorWithWhite(0, 0.12F);
 
 /// The height and font of the room by the height of a cell with days on top.
@@ -89,6 +91,7 @@ UILabel& GXCellView::addLabel(const char* identifier) {
     label.setAccessibilityIdentifier(identifier);
     label.setTextAlignment(NSTextAlignment::center);
     label.setNumberOfLines(0);
+    label.setMinimumScaleFactor(kSmallestText);
     label.setFont(UIFont::systemFontOfSize(10));
     return label;
 }
