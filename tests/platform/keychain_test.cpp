@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "platform/services/key_store.h"
+#include "platform/services/keychain_item_wrapper.h"
+#include "presentation/style/theme_manager.h"
 #include "support/phone.h"
 
 namespace gexlo::test {
@@ -186,6 +188,23 @@ TEST_P(UnreadableKeyStore, holds_on_to_its_items_and_is_joined_by_those_added_me
 }
 INSTANTIATE_TEST_SUITE_P(Keychain, UnreadableKeyStore,
                          testing::Values("locked", "damaged", "away"));
+
+TEST(KeychainItem, the_chosen_theme_is_kept_and_forgotten_at_the_next_start) {
+    Phone phone;
+    phone.launch();
+    const UIColor menu = GXThemeManager::manager().topMenuBackgroundColor;
+    GXThemeManager::manager().setThemeType(1);
+    GXThemeManager::manager().setThemeType(2);
+    EXPECT_EQ(GXThemeManager::manager().topMenuBackgroundColor, menu);
+    ASSERT_EQ(keychainItems().size(), 1U);
+    phone.relaunch();
+    EXPECT_EQ(GXThemeManager::manager().themeType(), 0);
+    KeychainItemWrapper item("GX_THEME_TYPE");
+    EXPECT_EQ(item.objectForKey(kSecAttrService).integerValue(), 2);
+    EXPECT_EQ(KeychainItemWrapper("other").objectForKey(kSecAttrAccount), Object(""));
+    item.resetKeychainItem();
+    EXPECT_TRUE(keychainItems().empty());
+}
 
 }  // namespace
 }  // namespace gexlo::test

@@ -66,6 +66,15 @@ public:
 
     /// The theme in use; 0 at every start, whatever was chosen before.
     NSInteger themeType() const { return themeType_; }
+    /// Writes the choice to the keychain, from which nothing reads it back.
+    void setThemeType(NSInteger type);
+
+    void initSingleton() { restoreFromKeychain(); }
+    /// Despite its name it reads nothing: every start begins with type 0.
+    void restoreFromKeychain();
+    /// The items of the type in use: the place for a second table.
+    void setItems();
+    void setDefaultItems() { static_cast<ThemeItems&>(*this) = ThemeItems(); }
 
 private:
     NSInteger themeType_ = 0;
