@@ -42,15 +42,14 @@ std::optional<UILocalNotification> UILocalNotification::fromArchive(const NSData
                         auto note = std::make_shared<UILocalNotification>();
                         note->identifier_ = decoder.decodeIntegerForKey("identifier");
                         const Object date = decoder.decodeObjectForKey("fireDate");
-                        if (const auto* fireDate = date.as<NSDate>()) note->fireDate = *fireDate;
+                        if (const auto* value = date.as<NSDate>()) note->fireDate = *value;
                         note->timeZone = decoder.decodeObjectForKey("timeZone").stringValue();
                         note->alertBody = decoder.decodeObjectForKey("alertBody").stringValue();
                         note->alertAction = decoder.decodeObjectForKey("alertAction").stringValue();
                         note->soundName = decoder.decodeObjectForKey("soundName").stringValue();
                         note->repeatInterval = decoder.decodeIntegerForKey("repeatInterval");
                         const Object info = decoder.decodeObjectForKey("userInfo");
-                        if (const auto* userInfo = info.as<NSDictionary>())
-                            note->userInfo = *userInfo;
+                        if (const auto* value = info.as<NSDictionary>()) note->userInfo = *value;
                         return note;
                     }}};
     const auto root = NSKeyedUnarchiver::unarchiveObjectWithData(archive, classes);
