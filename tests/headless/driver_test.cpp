@@ -99,6 +99,49 @@ TEST_F(DriverProgram, each_fault_of_a_line_has_its_error_and_changes_nothing) {
         EXPECT_EQ(twice[i]["ok"], expected[i]) << i;
 }
 
+TEST_F(DriverProgram, views_are_found_touched_and_read_as_a_person_would) {
+    const std::vector<std::pair<std::string, std::string>> lines{
+        // A command, and a part of its answer.
+        {R"({"cmd":"tree"})", "not launched"},
+        {R"({"cmd":"launch"})", R"("ok":true)"},
+        {R"({"cmd":"advance","seconds":1})", R"("ok":true)"},
+        {R"({"cmd":"tap","id":"nobody"})", "no such view"},
+        {R"({"cmd":"tap"})", "none of"},
+        {R"({"cmd":"tap","x":1e300,"y":0})", "no place"},
+        {R"({"cmd":"tap","id":"labelSubject","all":true})", "several such views"},
+        {R"({"cmd":"tap","id":"labelSubject","within":"cell_0_1_0"})", R"("hit":"button")"},
+        {R"({"cmd":"find","id":"cell_0_1_0","within":"nowhere"})", "no such view"},
+        {R"({"cmd":"rows","id":"mainScrollView"})", "no table"},
+        {R"({"cmd":"scroll","id":"subScrollView","x":0,"y":1e6})", R"("contentOffset":[0.0,0.0])"},
+        {R"({"cmd":"type","text":"x"})", "no field has the focus"},
+        {R"({"cmd":"answer","button":0})", "no alert is up"},
+        {R"({"cmd":"tap","id":"btnShare"})", R"("hit":"btnShare")"},
+        {R"({"cmd":"alert"})", R"("kind":"sheet")"},
+        {R"({"cmd":"tap","id":"btnAdd"})", R"("hit":null)"},
+        {R"({"cmd":"answer","button":"No such"})", "no such button"},
+        {R"({"cmd":"answer","button":4,"texts":["x"]})", "fewer fields"},
+        {R"({"cmd":"answer","button":"Cancel"})", R"("ok":true)"},
+        {R"({"cmd":"touch","phase":"sideways"})", "none of down"},
+        {R"({"cmd":"touch","phase":"down","id":"period_0_0"})", R"("hit":"period_0_0")"},
+        {R"({"cmd":"find","id":"lblPeriodName"})", "Period 1"},
+        {R"({"cmd":"touch","phase":"up","id":"period_0_0"})", R"("hit":"period_0_0")"},
+        {R"({"cmd":"advance","seconds":1.45})", R"("ok":true)"},
+        {R"({"cmd":"find","id":"lblPeriodName"})", "Period 1"},
+        {R"({"cmd":"advance","seconds":0.1})", R"("ok":true)"},
+        {R"({"cmd":"find","id":"lblPeriodName"})", R"("views":[])"},
+        {R"({"cmd":"deliver","index":0})", "no such notification"},
+    };
+    std::string input;
+    for (const auto& [line, answer] : lines)
+        input += line + "\n";
+    const auto answers = play(input, {"--now", "2026-03-02T08:00:00"});
+    ASSERT_EQ(answers.size(), lines.size());
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        EXPECT_NE(answers[i].dump().find(lines[i].second), std::string::npos)
+            << lines[i].first << " gave " << answers[i];
+    }
+}
+
 TEST_F(DriverProgram, any_bytes_get_an_answer_a_line) {
     std::mt19937 random(5);
     std::string lines = std::string(200'000, '[') + "\n";
