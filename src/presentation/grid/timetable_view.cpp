@@ -50,6 +50,7 @@ void GXTimetableView::observe() {
         return [this, handle](const NSNotification& notification) {
             for (const auto& cell : classCells_)
                 handle(*cell, notification);
+            taken_.assign(taken_.size(), false);
         };
     };
     const auto forEveryCell = [&](void (GXCellView::*handler)()) {
@@ -68,10 +69,7 @@ void GXTimetableView::observe() {
     const std::pair<const char*, Handler> handlers[] = {
         {GX_NOTI_SET_LESSONS,
          [this](const NSNotification& notification) {
-             GXLessonData& lesson = *lessonOf(notification);
-             const Placements& placements = classtimesOf(notification);
-             forEachCellOn(placements,
-                           [&](GXCellView& cell) { cell.setLessonsWithData(lesson, placements); });
+             setLessons(*lessonOf(notification), classtimesOf(notification));
          }},
         {GX_NOTI_BEGIN_ADD_LESSON, forEveryCell(&GXCellView::beginAddMode)},
         {GX_NOTI_CANCEL_ADD_LESSON, forEveryCell(&GXCellView::cancelAddMode)},
@@ -182,18 +180,19 @@ void GXTimetableView::setLessonCells(const GXPeriodsController& periods) {
             cellBaseView_->addSubview(classCells_.back());
         }
     }
+    taken_.assign(classCells_.size(), false);
 }
 
 void GXTimetableView::clearLessonCells() {
     classCells_.clear();
+    taken_.clear();
     cellBaseView_->removeAllSubviews();
 }
 
-template <typename Visit>
-void GXTimetableView::forEachCellOn(const Placements& placements, Visit visit) {
+void GXTimetableView::setLessons(GXLessonData& lesson, const Placements& placements) {
     const NSInteger rows = axis_.count();
     // A grid that is cleared, or an image, has not a cell for every slot, and takes in nothing.
-    if (classCells_.size() != static_cast<std::size_t>(grid_.numDays * rows)) return;
+    if (taken_.size() != static_cast<std::size_t>(grid_.numDays * rows)) return;
     for (const PlacedSlot& slot : placements.slots) {
         if (slot.week != weekNo_ || slot.day < 0 || slot.day > 6) continue;
         const NSInteger row = axis_.indexOf(slot.period);
@@ -201,7 +200,10 @@ void GXTimetableView::forEachCellOn(const Placements& placements, Visit visit) {
         // A grid of eight days shows its first one twice.
         for (int index = grid_.dayIndex(static_cast<int>(slot.day)); index < grid_.numDays;
              index += 7) {
-            visit(*classCells_[static_cast<std::size_t>(index * rows + row)]);
+            const auto place = static_cast<std::size_t>(index * rows + row);
+            if (taken_[place]) continue;
+            classCells_[place]->setLessonsWithData(lesson, placements);
+            taken_[place] = classCells_[place]->lesson() != nullptr;
         }
     }
 }

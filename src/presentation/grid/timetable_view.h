@@ -62,9 +62,8 @@ private:
     void observe();
     void addLine(CGRect frame, NSInteger tag, UIColor color);
     std::shared_ptr<GXCellView> newCell(int index, int day, NSInteger period);
-    /// Calls `visit` with each cell that one of the placements stands on.
-    template <typename Visit>
-    void forEachCellOn(const Placements& placements, Visit visit);
+    /// Hands a subject to the cells that its placements stand on.
+    void setLessons(GXLessonData& lesson, const Placements& placements);
 
     int weekNo_;
     GridGeometry grid_;
@@ -74,6 +73,9 @@ private:
     std::shared_ptr<GXPeriodsView> periodsView_;
     std::shared_ptr<UIView> cellBaseView_;
     std::vector<std::shared_ptr<GXCellView>> classCells_;
+    // By cell, while the grid is being filled: the first subject keeps a slot, so that cells
+    // which have one need not be asked again.
+    std::vector<bool> taken_;
     std::vector<std::pair<NSInteger, UIView*>> segments_;  // of the border view, by tag
     std::vector<NotificationToken> tokens_;
 };
