@@ -2,7 +2,6 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <tuple>
 #include <vector>
 
@@ -57,10 +56,6 @@ void addSubjects(GXDataManager& manager, GXTimetableData& timetable) {
 /// A device with the largest grid as its only timetable.
 struct LargestGrid {
     LargestGrid() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "gexlo-grid-XXXXXX").string();
-        root = mkdtemp(pattern.data());
-        device = deviceOn(root);
         GXDataManager& manager = GXDataManager::manager();
         GXTimetableData& timetable = manager.addNewTimetable();
         timetable.firstDay = 0;
@@ -74,14 +69,9 @@ struct LargestGrid {
         addSubjects(manager, timetable);
         manager.saveContext();
     }
-    ~LargestGrid() {
-        device.reset();
-        std::error_code ignored;
-        std::filesystem::remove_all(root, ignored);
-    }
 
-    std::filesystem::path root;
-    std::unique_ptr<Device> device;
+    TemporaryRoot root;
+    std::unique_ptr<Device> device = deviceOn(root.path());
 };
 
 std::size_t countViews(const UIView& view) {

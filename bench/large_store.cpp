@@ -65,21 +65,21 @@ void addSubject(GXDataManager& manager, GXTimetableData& timetable, int number) 
 }
 
 struct LargeStore {
-    LargeStore() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "gexlo-bench-XXXXXX").string();
-        root = mkdtemp(pattern.data());
-        const auto device = deviceOn(root);
-        device->perform(writeLargeStore);
-    }
-    ~LargeStore() {
-        std::error_code ignored;
-        std::filesystem::remove_all(root, ignored);
-    }
-    std::filesystem::path root;
+    LargeStore() { deviceOn(root.path())->perform(writeLargeStore); }
+    TemporaryRoot root;
 };
 
 }  // namespace
+
+TemporaryRoot::TemporaryRoot() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "gexlo-bench-XXXXXX").string();
+    path_ = mkdtemp(pattern.data());
+}
+
+TemporaryRoot::~TemporaryRoot() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+}
 
 std::unique_ptr<Device> deviceOn(const std::filesystem::path& root) {
     DeviceFacts facts;
@@ -105,7 +105,7 @@ void writeLargeStore() {
 
 const std::filesystem::path& largeStoreRoot() {
     static const LargeStore store;
-    return store.root;
+    return store.root.path();
 }
 
 std::filesystem::path largeStoreFile() {
