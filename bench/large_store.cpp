@@ -2,6 +2,8 @@
 
 #include <stdlib.h>
 
+#include <fstream>
+
 #include "store/data_manager.h"
 
 namespace gexlo::bench {
@@ -81,11 +83,15 @@ TemporaryRoot::~TemporaryRoot() {
     std::filesystem::remove_all(path_, ignored);
 }
 
-std::unique_ptr<Device> deviceOn(const std::filesystem::path& root) {
+DeviceFacts factsOn(const std::filesystem::path& root) {
     DeviceFacts facts;
     facts.root = root;
     facts.resources = GEXLO_RESOURCES;
-    return std::make_unique<Device>(facts, Clock::real());
+    return facts;
+}
+
+std::unique_ptr<Device> deviceOn(const std::filesystem::path& root) {
+    return std::make_unique<Device>(factsOn(root), Clock::real());
 }
 
 void writeLargeStore() {
@@ -110,6 +116,14 @@ const std::filesystem::path& largeStoreRoot() {
 
 std::filesystem::path largeStoreFile() {
     return largeStoreRoot() / "Group" / "Vetra.sqlite";
+}
+
+double residentMegabytes() {
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.starts_with("VmRSS:")) return std::stod(line.substr(6)) / 1024;
+    }
+    return 0;
 }
 
 }  // namespace gexlo::bench

@@ -24,10 +24,14 @@ private:
     std::filesystem::path path_;
 };
 
+DeviceFacts factsOn(const std::filesystem::path& root);
 std::unique_ptr<Device> deviceOn(const std::filesystem::path& root);
 
 /// A directory with the large store in it, made at first use and removed at the end.
 const std::filesystem::path& largeStoreRoot();
 std::filesystem::path largeStoreFile();
+
+/// What this process has in memory now.
+double residentMegabytes();
 
 }  // namespace gexlo::bench

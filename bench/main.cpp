@@ -4,7 +4,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <map>
 #include <string>
 #include <vector>
@@ -50,14 +49,6 @@ private:
     std::map<std::string, double> medians_;
 };
 
-double residentMegabytes() {
-    std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);) {
-        if (line.starts_with("VmRSS:")) return std::stod(line.substr(6)) / 1024;
-    }
-    return 0;
-}
-
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -66,7 +57,7 @@ int main(int count, char** arguments) {
         const auto device = gexlo::bench::deviceOn(arguments[2]);
         const std::size_t timetables = gexlo::GXDataManager::manager().timetableList().size();
         std::printf("%zu timetables open: %.1f MB resident (at most %.0f)\n", timetables,
-                    residentMegabytes(), kResidentLimit);
+                    gexlo::bench::residentMegabytes(), kResidentLimit);
         return 0;
     }
     benchmark::Initialize(&count, arguments);

@@ -2,7 +2,6 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QQmlEngine>
-#include <QQuickWindow>
 #include <QStandardPaths>
 #include <QTimer>
 #include <algorithm>
@@ -14,7 +13,7 @@
 #include "hosts/desktop/driver_input.h"
 #include "hosts/desktop/event_loop.h"
 #include "hosts/desktop/options.h"
-#include "hosts/desktop/screen_item.h"
+#include "hosts/desktop/phone_window.h"
 #include "hosts/desktop/services/desktop_key_store.h"
 #include "hosts/desktop/services/desktop_notifications.h"
 #include "hosts/desktop/services/single_instance.h"
@@ -37,7 +36,7 @@ bool hasDisplay() {
 }
 
 /// Where nobody could see it, a picture of the first screen is all that can be shown.
-int showPicture(QQuickWindow& window, const DeviceFacts& facts) {
+int showPicture(PhoneWindow& window, const DeviceFacts& facts) {
     const std::string path = (facts.temporaryDirectory() / "first-screen.png").string();
     if (!window.grabWindow().save(QString::fromStdString(path))) {
         std::fprintf(stderr, "The picture cannot be written to %s\n", path.c_str());
@@ -129,16 +128,7 @@ int run(QGuiApplication& application, DesktopOptions options, bool visible) {
 
     QQmlEngine engine;
     ViewPainter painter(options.facts.resources / "images");
-    ScreenItem screen(engine, painter);
-    QQuickWindow window;
-    window.setTitle(QStringLiteral("Gexlo"));
-    window.setColor(Qt::black);
-    window.resize(options.facts.screenWidth, options.facts.screenHeight);
-    screen.setParentItem(window.contentItem());
-    const auto fill = [&] { screen.setSize(window.size()); };
-    QObject::connect(&window, &QQuickWindow::widthChanged, &screen, fill);
-    QObject::connect(&window, &QQuickWindow::heightChanged, &screen, fill);
-    fill();
+    PhoneWindow window(engine, painter);
 
     EventLoop loop;
     Driver driver(windowCommands());
@@ -149,12 +139,12 @@ int run(QGuiApplication& application, DesktopOptions options, bool visible) {
     } else {
         services.emplace(window, options.facts);
         UIApplication::sharedApplication().launch(GXAppDelegate::delegate());
-        QObject::connect(&application, &QGuiApplication::applicationStateChanged, &screen,
+        QObject::connect(&application, &QGuiApplication::applicationStateChanged, &window,
                          followState);
     }
     int exitCode = 0;
     if (!visible && !options.drives) {
-        whenAtRest(window, screen, [&] {
+        whenAtRest(window, window.screen(), [&] {
             exitCode = showPicture(window, options.facts);
             application.quit();
         });

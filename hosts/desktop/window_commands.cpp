@@ -3,10 +3,9 @@
 #include <QEventLoop>
 #include <QGuiApplication>
 #include <QImage>
-#include <QQuickWindow>
 #include <QTimer>
 
-#include "hosts/desktop/screen_item.h"
+#include "hosts/desktop/phone_window.h"
 
 namespace gexlo {
 
@@ -14,9 +13,9 @@ using nlohmann::json;
 
 namespace {
 
-QQuickWindow& theWindow() {
+PhoneWindow& theWindow() {
     for (QWindow* window : QGuiApplication::topLevelWindows()) {
-        if (auto* shown = qobject_cast<QQuickWindow*>(window)) return *shown;
+        if (auto* shown = qobject_cast<PhoneWindow*>(window)) return *shown;
     }
     throw CommandError("there is no window");
 }
@@ -34,10 +33,8 @@ void waitForRest(const ScreenItem& screen) {
 
 json screenshot(const json& fields) {
     const QString path = QString::fromStdString(textField(fields, "path"));
-    QQuickWindow& window = theWindow();
-    for (const QQuickItem* item : window.contentItem()->childItems()) {
-        if (const auto* screen = qobject_cast<const ScreenItem*>(item)) waitForRest(*screen);
-    }
+    PhoneWindow& window = theWindow();
+    waitForRest(window.screen());
     if (!window.grabWindow().save(path, "PNG")) {
         throw CommandError("\"" + path.toStdString() + "\" cannot be written");
     }
