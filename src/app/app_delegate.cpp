@@ -1,8 +1,10 @@
 #include "app/app_delegate.h"
 
 #include "app/main_view.h"
+#include "exchange/exchange_reader.h"
 #include "platform/foundation/bundle.h"
 #include "platform/foundation/device.h"
+#include "platform/foundation/string_format.h"
 #include "platform/foundation/user_defaults.h"
 #include "platform/services/local_notification.h"
 #include "platform/views/alert.h"
@@ -24,6 +26,23 @@ struct SavedContext {
 /// Seconds after which an alarm that rings once is not worth an alert.
 constexpr double kLateAfter = 5;
 constexpr double kSplashFade = 0.4;
+
+/// Not for translation but for one.
+std::string importMessage(ImportStatus status) {
+    switch (status) {
+        case ImportStatus::tooManyTimetables:
+            return NSLocalizedString("TOO_MANY_TIMETABLES_COMMENT");
+        case ImportStatus::versionTooHigh:
+            return "File version too High. (15)";
+        case ImportStatus::cannotOpen:
+        case ImportStatus::cannotQuery:
+        case ImportStatus::noRow:
+            return stringWithFormat("Wrong Data (%d)", static_cast<int>(status));
+        case ImportStatus::imported:
+            break;
+    }
+    return "Wrong Data (00)";
+}
 
 void fadeOut(const std::shared_ptr<UIView>& splash) {
     UIView::animateWithDuration(
@@ -92,6 +111,52 @@ void GXAppDelegate::application_didReceiveLocalNotification(const UILocalNotific
     UILocalNotification again = note;
     application.cancelLocalNotification(note);
     if (note.repeatInterval != 0) application.scheduleLocalNotification(again);
+}
+
+bool GXAppDelegate::application_openURL_options(const std::string& url,
+                                                const UIApplicationOpenURLOptions& options) {
+    return application_openURL_sourceApplication_annotation(url, options.sourceApplication,
+                                                            options.annotation);
+}
+
+bool GXAppDelegate::application_openURL_sourceApplication_annotation(const std::string& url,
+                                                                     const std::string&,
+                                                                     const std::string&) {
+    constexpr std::string_view separator = "://";
+    const std::size_t end = url.find(separator);
+    if (end == std::string::npos) return true;
+    std::string_view second(url);
+    second.remove_prefix(end + separator.size());
+    second = second.substr(0, second.find(separator));
+    if (url.substr(0, end) == "file") {
+        receivedURL_ = url;
+        UIAlert alert;
+        alert.title = NSLocalizedString("IMPORT_ALERT_ADD_TIMETABLE_TITLE");
+        alert.message = NSLocalizedString("IMPORT_ALERT_ADD_TIMETABLE_COMMENT");
+        alert.buttons = {{NSLocalizedString("CANCEL_BUTTON"), UIAlert::Button::Style::cancel},
+                         {NSLocalizedString("IMPORT_ALERT_ADD_BUTTON")}};
+        alert.dismissed = [this](std::size_t button, const auto&) {
+            if (button == 1) addTimetable();
+        };
+        std::move(alert).show();
+    } else if (second == "tessaly") {
+        GXUIManager::manager().openTessaly();
+    }
+    return true;
+}
+
+bool GXAppDelegate::application_handleOpenURL(const std::string&) {
+    NSLog("URL");
+    return true;
+}
+
+/// Of the file that was offered last, whichever question was answered.
+void GXAppDelegate::addTimetable() {
+    const auto status =
+        static_cast<ImportStatus>(GXUIManager::manager().openTimetableFromDataFile(receivedURL_));
+    if (status == ImportStatus::imported) return;
+    UIAlert::notice("Failed to Import", importMessage(status), NSLocalizedString("OK_BUTTON"))
+        .show();
 }
 
 void GXAppDelegate::applicationDidEnterBackground() {

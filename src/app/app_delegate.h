@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "platform/foundation/file_manager.h"
 #include "platform/services/application.h"
@@ -26,6 +27,15 @@ public:
     /// While the application is in use: an alert, unless one that rings once is late. Else it
     /// was tapped: one that repeats is scheduled anew, one that does not is done.
     void application_didReceiveLocalNotification(const UILocalNotification& note) override;
+    // Each takes a URL, and always.
+    bool application_openURL_options(const std::string& url,
+                                     const UIApplicationOpenURLOptions& options) override;
+    /// A file asks whether to add its timetable, another address may open the community.
+    bool application_openURL_sourceApplication_annotation(const std::string& url,
+                                                          const std::string& sourceApplication,
+                                                          const std::string& annotation);
+    /// Only logs; for a platform that knows no other.
+    bool application_handleOpenURL(const std::string& url);
     // Nothing happens at these.
     void applicationWillResignActive() override {}
     void applicationWillEnterForeground() override {}
@@ -49,7 +59,9 @@ public:
 
 private:
     std::shared_ptr<UIView> showWindow();
+    void addTimetable();
 
+    std::string receivedURL_;         // of the file that was offered last
     GXMainView* mainView_ = nullptr;  // ends before the store that it was built on
 };
 

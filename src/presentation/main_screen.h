@@ -36,7 +36,6 @@ public:
     virtual void openAlarmListView() {}
 
     // What follows has no panel or composer yet, so nothing happens.
-    virtual void openExportView() {}
     virtual void sendEmail() {}
     virtual void sendTwitter() {}
     virtual void sendFacebook() {}

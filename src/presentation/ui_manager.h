@@ -1,7 +1,9 @@
 // The one door to the main screen, with the state that its pieces share.
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +16,7 @@ namespace gexlo {
 class GXCellView;
 class GXLessonData;
 class GXPeriodsController;
+class GXTimetableData;
 class GXTitleView;
 class MainScreen;
 
@@ -98,7 +101,23 @@ public:
     /// An alert with one button after which nothing follows.
     void showAlertView_message(const std::string& title, const std::string& message);
 
-    // The title view, where there is one.
+    /// The community has no screen yet: nothing happens.
+    void openTessaly() {}
+
+    // MARK: exchange files; defined in exchange/
+
+    /// The bytes of the timetable's file. Without them, or where a row is missing, the code, if
+    /// one is asked for: 16 the file cannot be opened, 17 nor laid out, 18 nor written.
+    std::optional<NSData> generateDataFileFromTimetable_errorCode(const GXTimetableData& timetable,
+                                                                  std::int32_t* errorCode);
+    /// Puts the current timetable's file in a mail. Nothing happens without a mail account.
+    void openExportView();
+    /// Adds the timetable of the file that a URL of the file scheme names, and shows it. 10 once
+    /// it is there; any other status (see `ImportStatus`) has changed nothing.
+    std::int32_t openTimetableFromDataFile(const std::string& url);
+
+    // MARK: the title view, where there is one
+
     void setTopTitleView(GXTitleView* view) { topTitleView_ = view; }
     void openTopTitleViewWithScheduleIndex(NSInteger index);
     void setScheduleIndexInTopTitleView(NSInteger index);

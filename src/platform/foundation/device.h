@@ -16,6 +16,7 @@
 
 namespace gexlo {
 
+class Composers;
 class KeyStore;
 class TextMeasure;
 
@@ -45,6 +46,8 @@ struct DeviceFacts {
     std::shared_ptr<const TextMeasure> textMeasure;
     /// Null where the keychain's file is all there is.
     std::shared_ptr<KeyStore> keyStore;
+    /// Null where nothing can be sent.
+    std::shared_ptr<Composers> composers;
 
     std::string serviceUrl;
     std::string feedbackUrl;

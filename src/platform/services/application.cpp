@@ -51,6 +51,12 @@ void UIApplication::terminate() {
     state_ = UIApplicationState::notRunning;
 }
 
+void UIApplication::receiveURL(const std::string& url) {
+    if (state_ == UIApplicationState::notRunning) return;
+    enterForeground();
+    Device::current().perform([&] { delegate_->application_openURL_options(url, {}); });
+}
+
 void UIApplication::scheduleLocalNotification(UILocalNotification& note) {
     schedule().add(note);
 }

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -20,6 +21,12 @@ inline constexpr NSInteger kNotificationTypeBadge = 1;
 inline constexpr NSInteger kNotificationTypeSound = 2;
 inline constexpr NSInteger kNotificationTypeAlert = 4;
 
+/// Who hands a URL over, as far as that is known.
+struct UIApplicationOpenURLOptions {
+    std::string sourceApplication;
+    std::string annotation;
+};
+
 /// Whom the platform calls.
 class UIApplicationDelegate {
 public:
@@ -31,6 +38,8 @@ public:
     virtual void applicationDidBecomeActive() = 0;
     virtual void applicationWillTerminate() = 0;
     virtual void application_didReceiveLocalNotification(const UILocalNotification& note) = 0;
+    virtual bool application_openURL_options(const std::string& url,
+                                             const UIApplicationOpenURLOptions& options) = 0;
 };
 
 class UIApplication {
@@ -47,6 +56,9 @@ public:
     void enterBackground();
     void enterForeground();
     void terminate();
+    /// Brings the application to the front and hands it a URL, as absolute text. Nothing happens
+    /// before the launch.
+    void receiveURL(const std::string& url);
 
     // MARK: notifications
 

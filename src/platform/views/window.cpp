@@ -24,7 +24,7 @@ UIWindow& UIWindow::keyWindow() {
 
 UIView* UIWindow::touchDown(CGPoint point) {
     touchCancel();
-    if (!alerts_.empty()) return nullptr;
+    if (!alerts_.empty() || isCovered_) return nullptr;
     UIView* hit = hitTest(point);
     if (!hit) return nullptr;
     for (UIView* view = hit; view; view = view->superview())
@@ -53,7 +53,7 @@ void UIWindow::touchCancel() {
 
 bool UIWindow::canReach(const UIView& view) {
     const CGRect seen = view.visibleRect();
-    if (!alerts_.empty() || seen.width <= 0 || seen.height <= 0) return false;
+    if (!alerts_.empty() || isCovered_ || seen.width <= 0 || seen.height <= 0) return false;
     const UIView* hit = hitTest(seen.center());
     return hit && hit->isDescendantOf(view);
 }
@@ -74,6 +74,11 @@ void UIWindow::answer(std::size_t button, const std::vector<std::string>& texts)
     for (std::size_t i = 0; i < std::min(texts.size(), alert.fields.size()); ++i)
         alert.fields[i].text = texts[i];
     if (alert.dismissed) alert.dismissed(button, alert.fields);
+}
+
+void UIWindow::setCovered(bool covered) {
+    if (covered) touchCancel();
+    isCovered_ = covered;
 }
 
 void UIWindow::setFirstResponder(UITextInput* input) {

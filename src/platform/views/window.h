@@ -50,6 +50,10 @@ public:
     /// button that it has not.
     void answer(std::size_t button, const std::vector<std::string>& texts = {});
 
+    /// While something of the host's lies over all, as a composer, no touch is taken.
+    bool isCovered() const { return isCovered_; }
+    void setCovered(bool covered);
+
     // MARK: focus
 
     /// What the keyboard writes to, or null.
@@ -64,6 +68,7 @@ public:
 private:
     std::vector<UIAlert> alerts_;
     unsigned alertNumber_ = 0;
+    bool isCovered_ = false;
     // The touched view and all above it: any of them may be removed by what the touch does.
     std::vector<std::shared_ptr<UIView>> path_;
     std::shared_ptr<UITextInput> firstResponder_;

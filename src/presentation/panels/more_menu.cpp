@@ -1,6 +1,7 @@
 #include "presentation/panels/more_menu.h"
 
 #include "platform/foundation/bundle.h"
+#include "platform/services/mail_composer.h"
 #include "platform/views/alert.h"
 #include "platform/views/image_view.h"
 #include "presentation/main_screen.h"
@@ -127,8 +128,10 @@ void GXMoreMenu::exportAction() {
     sheet.dismissed = [weak = weak_from_this()](std::size_t button, const auto&) {
         const auto self = std::static_pointer_cast<GXMoreMenu>(weak.lock());
         if (!self || button != 0 || self->isLeaving()) return;
-        if (MainScreen* screen = GXUIManager::manager().mainView()) screen->openExportView();
-        self->unlockAndClose();
+        GXUIManager::manager().openExportView();
+        // The mail frees the menu once it is sent or not; where none comes, nothing else would.
+        if (!MFMailComposeViewController::canSendMail()) GXUIManager::manager().lockMenu(false);
+        self->close();
     };
     std::move(sheet).show();
 }
