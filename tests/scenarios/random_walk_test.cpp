@@ -1,6 +1,7 @@
 // Thousands of touches without a plan: nothing breaks, nothing stays locked, nothing is lost.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <set>
 #include <tuple>
@@ -103,12 +104,13 @@ protected:
             while (!window().alerts().empty()) {
                 turn([&] { window().answer(window().alerts().back().buttons.size() - 1); });
             }
-            for (UIControl* control : visible<UIControl>()) {
-                const std::string& name = control->accessibilityIdentifier();
-                if (name == "btnCancel" || name == "closeButton" || name == "doneButton") {
-                    touch(control->visibleRect().center());
-                    break;
-                }
+            // A list that is being edited is closed only when that is done.
+            for (const char* way : {"doneButton", "closeButton", "btnCancel"}) {
+                const auto controls = visible<UIControl>();
+                const auto found = std::find_if(
+                    controls.begin(), controls.end(),
+                    [&](UIControl* at) { return at->accessibilityIdentifier() == way; });
+                if (found != controls.end()) touch((*found)->visibleRect().center());
             }
             phone.advance(2);
         }

@@ -12,6 +12,7 @@ namespace {
 
 /// Touches longer than this hide the bubble at once, shorter ones after a while.
 constexpr double kLongTouch = 1.0;
+/// More than the bubble stands at least.
 constexpr double kBubbleDelay = 1.5;
 
 }  // namespace
@@ -94,12 +95,11 @@ void GXPeriodCellView::touchesBegan(CGPoint) {
 }
 
 void GXPeriodCellView::touchesEnded(CGPoint) {
-    if (NSDate::date().timeIntervalSinceDate(touchBegan_) > kLongTouch) {
-        GXUIManager::manager().hideClassHour();
-    } else {
-        Device::current().mainQueue().after(kBubbleDelay,
-                                            [] { GXUIManager::manager().hideClassHour(); });
-    }
+    const auto hide = [] { GXUIManager::manager().hideClassHour(); };
+    const NSTimeInterval held = NSDate::date().timeIntervalSinceDate(touchBegan_);
+    if (held > kLongTouch) hide();
+    // A bubble that has not stood long enough stays, so it is asked again.
+    if (held < kBubbleDelay) Device::current().mainQueue().after(kBubbleDelay, hide);
 }
 
 void GXPeriodCellView::touchesCancelled() {

@@ -259,9 +259,12 @@ void GXAddLessonView::setSubjectColorByIndex_andFontColor(NSInteger color, NSInt
 }
 
 void GXAddLessonView::colorButtonDidPush() {
-    endTyping();
-    keyboardOn_ = false;
-    animateWithDuration(kCloseDuration, [&] { moveTo(openY()); });
+    // The keyboard, as it goes, moves the panel too: within the animation, or nothing is left of
+    // it.
+    animateWithDuration(kCloseDuration, [&] {
+        endTyping();
+        moveTo(openY());
+    });
     delegate_.showColorSelectViewWithColorIndex_andFontColorIndex(colorIndex_, fontColorIndex_);
 }
 

@@ -127,6 +127,7 @@ void SubjectListTableView::didSelectRow(UITableView&, NSIndexPath path) {
 SubjectListView::SubjectListView() : FadingPanel(UIScreen::mainScreen().bounds()) {
     const GXThemeManager& theme = GXThemeManager::manager();
     const ScreenFacts& screen = GXUIManager::manager().screen();
+    setAccessibilityIdentifier("SubjectListView");
     setBackgroundColor(UIColor::colorWithWhite(0, 0.4F));
 
     const double side = screen.scheduleBaseViewLeftMargin;

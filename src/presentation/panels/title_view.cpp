@@ -107,6 +107,7 @@ void GXTitleView::setTitle(const std::string& title, float fontSize) {
 void GXTitleView::drop(double duration) {
     ++generation_;
     setFrame({0, topSpace_ - kHeight, frame().width, kHeight});
+    setAlpha(0);
     animateWithDuration(duration, [&] {
         setFrame({0, topSpace_, frame().width, kHeight});
         setAlpha(1);

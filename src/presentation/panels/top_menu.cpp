@@ -114,8 +114,8 @@ void TopMenu::notiTest() const {
          UIApplication::sharedApplication().scheduledLocalNotifications()) {
         NSLog("%@", note.alertBody);
         NSLog("%@", formatter.stringFromDate(note.fireDate));
-        NSLog("=========================");
     }
+    NSLog("=========================");
 }
 
 }  // namespace gexlo

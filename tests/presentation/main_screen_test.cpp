@@ -1,0 +1,144 @@
+// The panels around the grid: what they show, and that each frees what it locked.
+#include "presentation/panels/pd_alert_view.h"
+#include "presentation/panels/pd_loading_view.h"
+#include "support/grid.h"
+
+namespace gexlo::test {
+
+namespace {
+
+class MainScreen : public Grid {
+protected:
+    static bool isSeen(const char* identifier) {
+        const UIView* view = find(identifier);
+        return view && view->visibleRect().width > 0;
+    }
+    static bool isMenuLocked() { return part<GXBottomMenu>("bottomMenu").isLocked(); }
+    void openMoreMenu() {
+        tap(part("btnMore", part("bottomMenu")));
+        phone.advance(1);
+    }
+};
+
+TEST_F(MainScreen, the_bubble_stands_for_a_while_and_gives_back_what_it_hid) {
+    const struct {
+        double held, stands;  // seconds, the second from the release
+    } cases[] = {{0.1, 1.45}, {1.2, 1.45}, {1.45, 0}, {5, 0}};
+    manager().openAddLessonView();
+    for (const auto& [held, stands] : cases) {
+        UIWindow::keyWindow().touchDown(part("period_0_0").visibleRect().center());
+        EXPECT_FALSE(isSeen("dateView") || isSeen("btnCancel"));
+        phone.advance(held);
+        UIWindow::keyWindow().touchUp({});
+        EXPECT_EQ(part<UILabel>("lblPeriodName").text(), stands > 0 ? "Period 1" : "") << held;
+        phone.advance(stands);
+        EXPECT_EQ(isSeen("btnCancel"), stands == 0) << held;
+        phone.advance(0.1);
+        EXPECT_TRUE(isSeen("dateView") && isSeen("btnCancel")) << held;
+    }
+}
+
+TEST_F(MainScreen, a_title_that_comes_while_another_goes_keeps_its_buttons) {
+    manager().openAddLessonView();
+    manager().cancelLessonEditing();
+    phone.advance(0.2);
+    manager().openEditLessonView(&phone.addSubject("A"));
+    phone.advance(1);
+    EXPECT_EQ(part<UILabel>("lblTitle").text(), "Edit subject");
+    EXPECT_TRUE(isSeen("btnOK") && isSeen("btnCancel"));
+    EXPECT_EQ(part("addLessonView").frame().y, 667 - 55 - 120);
+}
+
+TEST_F(MainScreen, the_more_menu_frees_what_it_locked_on_every_exit) {
+    const std::pair<const char*, std::function<void()>> exits[] = {
+        {"close", [] { tap(part("closeButton")); }},
+        {"alarms", [] { tap(part("btnAlarm")); }},
+        {"export",
+         [] {
+             tap(part("btnExport"));
+             UIWindow::keyWindow().answer(0);
+         }},
+        {"close all", [] { post(GX_NOTI_CLOSE_ALL_SUBVIEWS); }},
+    };
+    for (const auto& [name, leave] : exits) {
+        openMoreMenu();
+        EXPECT_TRUE(isMenuLocked()) << name;
+        leave();
+        EXPECT_FALSE(isMenuLocked()) << name;
+        phone.advance(0.1);
+        EXPECT_EQ(find("GXMoreMenu"), nullptr) << name;
+    }
+    openMoreMenu();
+    tap(part("btnShare", part("GXMoreMenu")));
+    UIWindow::keyWindow().answer(0);
+    tap(part("btnExport"));
+    UIWindow::keyWindow().answer(1);
+    EXPECT_TRUE(isSeen("GXMoreMenu") && isMenuLocked()) << "neither leaves it";
+    tap(part("btnExport"));
+    post(GX_NOTI_CLOSE_ALL_SUBVIEWS);
+    phone.advance(1);
+    manager().openAddLessonView();
+    UIWindow::keyWindow().answer(0);
+    EXPECT_TRUE(isMenuLocked()) << "a sheet that outlives its menu frees nothing";
+}
+
+TEST_F(MainScreen, a_country_writes_its_date_and_a_language_has_its_community) {
+    const struct {
+        const char *language, *region, *date;
+        bool community;
+    } cases[] = {
+        {"en", "PH", "Mar  2", false},   {"en", "GB", "2  Mar", false},
+        {"ko", "US", "3월  2일", true},  {"ja", "JP", "3月  2日", true},
+        {"zh", "CA", "3月  2日", false},
+    };
+    for (const auto& [language, region, date, community] : cases) {
+        phone.facts.languages = {language};
+        phone.facts.region = region;
+        relaunch();
+        EXPECT_EQ(part<UILabel>("lblDate").text(), date) << language << region;
+        EXPECT_EQ(isSeen("btnTessaly"), community) << language << region;
+    }
+    phone.advance(16 * 3600);
+    EXPECT_EQ(part<UILabel>("lblWeekday").text(), "星期二");
+}
+
+TEST_F(MainScreen, colours_change_nothing_before_they_are_confirmed) {
+    manager().openAddLessonView();
+    tap(cell(1, 0));
+    const UIColor before = cell(1, 0).backgroundColor();
+    mainView().showColorSelectViewWithColorIndex_andFontColorIndex(-1, -1);
+    const auto marked = [](const char* swatch) { return !part("mark", part(swatch)).isHidden(); };
+    EXPECT_FALSE(marked("subjectColor_0") || marked("fontColor_0")) << "nothing is chosen";
+    tap(part("subjectColor_3"));
+    tap(part("subjectColor_16"));
+    tap(part("fontColor_1"));
+    EXPECT_TRUE(marked("subjectColor_16") && !marked("subjectColor_3") && marked("fontColor_1"));
+    tap(part("btnCancel", part("GXColorSelector")));
+    phone.advance(0.1);
+    EXPECT_EQ(find("GXColorSelector"), nullptr);
+    EXPECT_EQ(cell(1, 0).backgroundColor(), before);
+    EXPECT_EQ(manager().appState(), AppState::addLesson) << "the selector's own cancel";
+}
+
+TEST_F(MainScreen, an_alert_tells_one_press_and_one_stop_ends_all_loading) {
+    struct Presses : PDAlertViewDelegate {
+        int count = 0;
+        void positiveButtonPressed(PDAlertView&) override { ++count; }
+    };
+    const auto presses = std::make_shared<Presses>();
+    std::make_shared<PDAlertView>("Title", "", presses, "Send")->show();
+    auto& button = part<UIButton>("positiveButton");
+    for (int i = 0; i < 2; ++i)
+        button.sendActions(UIControlEvent::touchUpInside);
+    EXPECT_EQ(presses->count, 1);
+    phone.advance(0.2);
+    EXPECT_EQ(find("PDAlertView"), nullptr);
+    PDLoadingView::start();
+    PDLoadingView::start();
+    PDLoadingView::stop();
+    EXPECT_EQ(find("PDLoadingView"), nullptr);
+}
+
+}  // namespace
+
+}  // namespace gexlo::test
