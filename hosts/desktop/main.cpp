@@ -19,6 +19,7 @@
 #include "hosts/desktop/services/single_instance.h"
 #include "hosts/desktop/window_commands.h"
 #include "hosts/drawing/qt_text_measure.h"
+#include "hosts/headless/outbox.h"
 #include "platform/foundation/installation_lock.h"
 #include "platform/services/application.h"
 #include "platform/services/local_notification.h"
@@ -120,7 +121,9 @@ int run(QGuiApplication& application, DesktopOptions options, bool visible) {
     const InstallationLock lock(options.facts.root);
     if (!lock.isHeld()) return giveWay(lock, options);
     options.facts.textMeasure = std::make_shared<QtTextMeasure>();
-    if (!options.drives) {
+    if (options.drives) {
+        options.facts.composers = std::make_shared<Outbox>();
+    } else {
         options.facts.keyboardHeight = 0;  // the desktop has one of its own
         options.facts.keyStore = std::make_shared<DesktopKeyStore>(options.facts.root);
     }

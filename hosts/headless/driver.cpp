@@ -15,7 +15,7 @@ using Commands = std::span<const DriverCommand>;
 const DriverCommand* commandNamed(std::string_view name, Commands ofHost) {
     for (const auto& table :
          {applicationCommands(), stateCommands(), notificationCommands(), viewCommands(),
-          tableCommands(), alertCommands(), typingCommands(), ofHost}) {
+          tableCommands(), alertCommands(), typingCommands(), sendingCommands(), ofHost}) {
         for (const DriverCommand& command : table) {
             if (command.name == name) return &command;
         }

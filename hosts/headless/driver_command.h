@@ -30,6 +30,7 @@ std::span<const DriverCommand> viewCommands();
 std::span<const DriverCommand> tableCommands();
 std::span<const DriverCommand> alertCommands();
 std::span<const DriverCommand> typingCommands();
+std::span<const DriverCommand> sendingCommands();
 
 /// The answer of a command that has nothing to tell.
 inline nlohmann::json nothing() {

@@ -7,6 +7,7 @@
 #include "hosts/headless/driver.h"
 #include "hosts/headless/driver_options.h"
 #include "hosts/headless/line_reader.h"
+#include "hosts/headless/outbox.h"
 #include "hosts/headless/screenshot_command.h"
 #include "platform/foundation/installation_lock.h"
 
@@ -18,6 +19,7 @@ int main(int count, char** arguments) {
     }
     gexlo::DriverOptions& options = *commandLine.options;
     options.facts.textMeasure = std::make_shared<gexlo::QtTextMeasure>();
+    options.facts.composers = std::make_shared<gexlo::Outbox>();
     const gexlo::InstallationLock lock(options.facts.root);
     if (!lock.isHeld()) {
         std::fprintf(stderr, "%s\n", lock.refusal().c_str());

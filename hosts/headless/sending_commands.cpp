@@ -1,0 +1,70 @@
+// What leaves the application, and what is handed to it.
+#include "hosts/headless/driver_command.h"
+#include "hosts/headless/json_values.h"
+#include "hosts/headless/outbox.h"
+#include "platform/services/application.h"
+
+namespace gexlo {
+
+using nlohmann::json;
+
+namespace {
+
+Outbox& theOutbox() {
+    Outbox* outbox = Outbox::current();
+    if (!outbox) throw CommandError("what is sent leaves through the desktop");
+    return *outbox;
+}
+
+json openURL(const json& fields) {
+    UIApplication::sharedApplication().receiveURL(textField(fields, "url"));
+    return nothing();
+}
+
+json jsonFromMail(const Mail& mail) {
+    json attachments = json::array();
+    for (const MailAttachment& attachment : mail.attachments) {
+        attachments.push_back({{"name", attachment.fileName},
+                               {"type", attachment.mimeType},
+                               {"data", base64FromData(attachment.data)}});
+    }
+    return {{"subject", mail.subject}, {"body", mail.body}, {"attachments", attachments}};
+}
+
+json outbox(const json&) {
+    json mails = json::array();
+    for (const Mail& mail : theOutbox().takeMails())
+        mails.push_back(jsonFromMail(mail));
+    return {{"mail", mails}};
+}
+
+json composer(const json& fields) {
+    const std::string result = textField(fields, "result");
+    if (result != "sent" && result != "cancelled") {
+        throw CommandError(R"("result" is neither "sent" nor "cancelled")");
+    }
+    if (!theOutbox().isComposing()) throw CommandError("nothing is being composed");
+    theOutbox().finish(result == "sent" ? MFMailComposeResult::sent
+                                        : MFMailComposeResult::cancelled);
+    return nothing();
+}
+
+json setCanSendMail(const json& fields) {
+    if (!fields.contains("value")) throw CommandError("\"value\" is missing");
+    theOutbox().setCanSendMail(flagField(fields, "value", false));
+    return nothing();
+}
+
+}  // namespace
+
+std::span<const DriverCommand> sendingCommands() {
+    static constexpr DriverCommand kCommands[] = {
+        {"open_url", openURL},
+        {"outbox", outbox},
+        {"composer", composer},
+        {"set_can_send_mail", setCanSendMail, false},
+    };
+    return kCommands;
+}
+
+}  // namespace gexlo
