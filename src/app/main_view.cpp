@@ -95,7 +95,7 @@ void GXMainView::buildClasshourBubble() {
         {lblClasshour_,
          "lblClasshour",
          {2, 22, kBubble.width - 4, 16},
-         UIFont::systemFontOfSize(12)},
+         UIFont::systemFontOfSize(11)},
     };
     for (const auto& [label, identifier, frame, font] : labels) {
         label = &classhourBaseView_->add<UILabel>(frame);
