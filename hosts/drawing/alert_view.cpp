@@ -21,7 +21,8 @@ constexpr UIColor kQuiet = UIColor::colorWithWhite(0.45F);
 
 constexpr double kRadius = 13;
 constexpr double kMargin = 16;
-constexpr double kFieldHeight = 30;
+constexpr double kFieldHeight = 40;
+constexpr double kFieldRadius = 6;
 constexpr double kHairline = 0.5;
 
 /// What sets the two kinds apart.
@@ -118,6 +119,7 @@ private:
         view->setSecureTextEntry(field.secure);
         view->setBackgroundColor(UIColor::whiteColor());
         view->setBorder(kHairline, kLine);
+        view->setCornerRadius(kFieldRadius);
         view_->addSubview(std::move(view));
         height_ += 4 + kFieldHeight;
     }

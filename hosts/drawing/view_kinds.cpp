@@ -56,14 +56,16 @@ void drawImageView(Canvas& canvas, const UIImageView& view, const CGRect& frame)
 
 /// The image and the title, beside each other in the middle.
 void drawButton(Canvas& canvas, const UIButton& button, const CGRect& frame) {
+    static constexpr double kInset = 6;  // a title that is cut stays off the edges
     if (canvas.isOutside(frame)) return;
     canvas.image(button.backgroundImage(), frame, button.tintColor());
     CGSize image = canvas.sizeOf(button.image());
     const double fit = std::min({1.0, frame.width / std::max(image.width, 1.0),
                                  frame.height / std::max(image.height, 1.0)});
     image = {image.width * fit, image.height * fit};
-    const TextLayout& title = canvas.layout(button.title(), button.font(),
-                                            {.width = frame.width - image.width, .lines = 1});
+    const TextLayout& title =
+        canvas.layout(button.title(), button.font(),
+                      {.width = frame.width - image.width - 2 * kInset, .lines = 1});
     const double titleWidth = title.size().width;
     CGRect row = centered({image.width + titleWidth, frame.height}, frame);
     canvas.image(button.image(), centered(image, {row.x, row.y, image.width, row.height}),

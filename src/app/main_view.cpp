@@ -18,8 +18,10 @@ namespace {
 
 /// Points of black above and below the screen, for what slides beyond it.
 constexpr double kOuterBar = 200;
-/// The bubble before it slides down.
-constexpr CGRect kBubble{8, 0, 112, 44};
+/// The bubble before it slides down; it ends where the title begins.
+constexpr CGRect kBubble{8, 0, GXDateView::kWidth - 8, 44};
+constexpr double kBubbleNameY = 5;
+constexpr double kBubbleNameHeight = 18;
 constexpr double kBubbleSlide = 0.2;
 /// Seconds that the bubble stands at least.
 constexpr double kBubbleStands = 1.4;
@@ -88,12 +90,12 @@ void GXMainView::buildClasshourBubble() {
     } labels[] = {
         {lblPeriodName_,
          "lblPeriodName",
-         {2, 5, kBubble.width - 4, 18},
+         {2, kBubbleNameY, kBubble.width - 4, kBubbleNameHeight},
          UIFont::boldSystemFontOfSize(13)},
         {lblClasshour_,
          "lblClasshour",
          {2, 22, kBubble.width - 4, 16},
-         UIFont::systemFontOfSize(12)},
+         UIFont::systemFontOfSize(11)},
     };
     for (const auto& [label, identifier, frame, font] : labels) {
         label = &classhourBaseView_->add<UILabel>(frame);
@@ -221,6 +223,10 @@ void GXMainView::showClassHour_periodName(const std::string& classHour,
     titleView_->cancelButtonHidden(true);
     lblPeriodName_->setText(periodName);
     lblClasshour_->setText(classHour);
+    // A name without an hour stands in the middle.
+    const double nameY =
+        classHour.empty() ? (kBubble.height - kBubbleNameHeight) / 2 : kBubbleNameY;
+    lblPeriodName_->setFrame({2, nameY, kBubble.width - 4, kBubbleNameHeight});
     classhourBaseView_->setHidden(false);
     classhourBaseView_->setFrame(kBubble);
     UIView::animateWithDuration(kBubbleSlide, [&] {

@@ -9,7 +9,7 @@ namespace gexlo {
 
 namespace {
 
-constexpr double kDeleteWidth = 38;
+constexpr double kDeleteWidth = 40;
 constexpr double kReorderWidth = 42;
 
 }  // namespace

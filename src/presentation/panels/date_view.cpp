@@ -17,6 +17,9 @@ namespace gexlo {
 namespace {
 
 constexpr double kFadeDuration = 0.3;
+constexpr double kLeft = 10;
+constexpr double kCaptionWidth = 36;
+constexpr double kCountX = kLeft + kCaptionWidth + 4;
 constexpr const char* kWeekdayKeys[] = {"SUNDAY",   "MONDAY", "TUESDAY", "WEDNESDAY",
                                         "THURSDAY", "FRIDAY", "SATURDAY"};
 
@@ -54,18 +57,25 @@ std::string monthAndDay(NSDate date) {
 GXDateView::GXDateView(CGRect frame)
     : UIView(frame),
       dateFace_(add<UIView>(bounds())),
-      lblDate_(addLabel(dateFace_, "lblDate", {10, 5, frame.width - 12, 18},
+      lblDate_(addLabel(dateFace_, "lblDate", {kLeft, 5, frame.width - 12, 18},
                         UIFont::boldSystemFontOfSize(13))),
-      lblWeekday_(addLabel(dateFace_, "lblWeekday", {10, 22, frame.width - 12, 16},
+      lblWeekday_(addLabel(dateFace_, "lblWeekday", {kLeft, 22, frame.width - 12, 16},
                            UIFont::systemFontOfSize(11))),
       absenceFace_(add<UIView>(bounds())),
-      lblAbsence_(addLabel(absenceFace_, "lblAbsence", {10, 5, frame.width - 12, 17},
+      lblAbsence_(addLabel(absenceFace_, "lblAbsence", {kCountX, 5, frame.width - kCountX - 2, 17},
                            UIFont::boldSystemFontOfSize(13))),
-      lblLateness_(addLabel(absenceFace_, "lblLateness", {10, 22, frame.width - 12, 17},
-                            UIFont::systemFontOfSize(13))),
+      lblLateness_(addLabel(absenceFace_, "lblLateness",
+                            {kCountX, 22, frame.width - kCountX - 2, 17},
+                            UIFont::boldSystemFontOfSize(13))),
+      lblAbsenceCaption_(addLabel(absenceFace_, "lblAbsenceCaption", {kLeft, 5, kCaptionWidth, 17},
+                                  UIFont::systemFontOfSize(11))),
+      lblLatenessCaption_(addLabel(absenceFace_, "lblLatenessCaption",
+                                   {kLeft, 22, kCaptionWidth, 17}, UIFont::systemFontOfSize(11))),
       btnAbsence_(absenceFace_.add<UIButton>(bounds())) {
     setAccessibilityIdentifier("dateView");
     absenceFace_.setAlpha(0);
+    lblAbsenceCaption_.setText(NSLocalizedString("DATEVIEW_ABSENT"));
+    lblLatenessCaption_.setText(NSLocalizedString("DATEVIEW_LATE"));
     btnAbsence_.setAccessibilityIdentifier("btnAbsence");
     btnAbsence_.setAccessibilityLabel(NSLocalizedString("DATEVIEW_ABSENCES"));
     btnAbsence_.addAction(UIControlEvent::touchUpInside, [this] { absenceButtonAction(); });
@@ -92,7 +102,8 @@ void GXDateView::observe() {
 
 void GXDateView::setThemes() {
     const UIColor color = GXThemeManager::manager().topMenuFontColor;
-    for (UILabel* label : {&lblDate_, &lblWeekday_, &lblAbsence_, &lblLateness_})
+    for (UILabel* label : {&lblDate_, &lblWeekday_, &lblAbsence_, &lblLateness_,
+                           &lblAbsenceCaption_, &lblLatenessCaption_})
         label->setTextColor(color);
 }
 

@@ -49,6 +49,8 @@ private:
     UIView& absenceFace_;
     UILabel& lblAbsence_;
     UILabel& lblLateness_;
+    UILabel& lblAbsenceCaption_;
+    UILabel& lblLatenessCaption_;
     UIButton& btnAbsence_;
     GXLessonData* lesson_ = nullptr;
     bool useAbsenceCount_ = false;

@@ -11,6 +11,9 @@ namespace {
 constexpr double kShowDuration = 0.3;
 constexpr double kCloseDuration = 0.2;
 constexpr double kButtonHeight = 44;
+constexpr double kButtonsY = 96;
+constexpr double kButtonWidth = 130;
+constexpr UIColor kLine = UIColor::colorWithWhite(0.78F);
 
 CGRect mainRect() {
     const CGSize screen = UIScreen::mainScreen().bounds().size();
@@ -27,15 +30,19 @@ PDAlertView::PDAlertView(const std::string& title, const std::string& message,
       mainView_(add<UIView>(mainRect())),
       titleLabel_(mainView_.add<UILabel>(CGRect{10, 10, 240, 30})),
       messageLabel_(mainView_.add<UILabel>(CGRect{10, 44, 240, 46})),
-      cancelButton_(addButton("cancelButton", {0, 96, 130, kButtonHeight},
+      cancelButton_(addButton("cancelButton", {0, kButtonsY, kButtonWidth, kButtonHeight},
                               NSLocalizedString("CANCEL_BUTTON"))),
-      positiveButton_(
-          addButton("positiveButton", {130, 96, 130, kButtonHeight}, positiveButtonTitle)) {
+      positiveButton_(addButton("positiveButton",
+                                {kButtonWidth, kButtonsY, kButtonWidth, kButtonHeight},
+                                positiveButtonTitle)) {
     setAccessibilityIdentifier("PDAlertView");
     setBackgroundColor(UIColor::colorWithWhite(0, 0.8F));
     mainView_.setBackgroundColor(UIColor::whiteColor());
     mainView_.setCornerRadius(8);
     mainView_.setClipsToBounds(true);
+    mainView_.setStrokes(
+        {{{0, kButtonsY}, {2 * kButtonWidth, kButtonsY}, 0.5, kLine},
+         {{kButtonWidth, kButtonsY}, {kButtonWidth, kButtonsY + kButtonHeight}, 0.5, kLine}});
     titleLabel_.setAccessibilityIdentifier("titleLabel");
     titleLabel_.setText(title);
     titleLabel_.setFont(UIFont::boldSystemFontOfSize(16));
@@ -64,6 +71,9 @@ UIButton& PDAlertView::addButton(const char* identifier, CGRect frame, const std
 void PDAlertView::setTextField(std::shared_ptr<UITextField> field) {
     field->setFrame({10, 50, 240, 30});
     field->setBackgroundColor(UIColor::whiteColor());
+    // White on white is found by its edge.
+    field->setBorder(1, kLine);
+    field->setCornerRadius(5);
     messageLabel_.setHidden(true);
     mainView_.addSubview(std::move(field));
 }

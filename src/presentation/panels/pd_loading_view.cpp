@@ -10,6 +10,11 @@ namespace {
 
 constexpr float kBackgroundAlpha = 0.5F;
 constexpr double kIndicator = 37;
+constexpr double kBox = 80;  // of dark around it, for it is pale
+
+CGRect centred(CGSize screen, double side) {
+    return {(screen.width - side) / 2, (screen.height - side) / 2, side, side};
+}
 
 struct Shared {
     std::shared_ptr<PDLoadingView> view = std::make_shared<PDLoadingView>(kBackgroundAlpha);
@@ -23,9 +28,10 @@ PDLoadingView& PDLoadingView::shared() {
 
 PDLoadingView::PDLoadingView(float backgroundAlpha)
     : UIView(UIScreen::mainScreen().bounds()),
-      indicator_(add<UIActivityIndicatorView>(CGRect{(frame().width - kIndicator) / 2,
-                                                     (frame().height - kIndicator) / 2, kIndicator,
-                                                     kIndicator})) {
+      box_(add<UIView>(centred(frame().size(), kBox))),
+      indicator_(add<UIActivityIndicatorView>(centred(frame().size(), kIndicator))) {
+    box_.setBackgroundColor(UIColor::colorWithWhite(0, 0.75F));
+    box_.setCornerRadius(10);
     setAccessibilityIdentifier("PDLoadingView");
     setBackgroundColor(UIColor::colorWithWhite(0, backgroundAlpha));
 }

@@ -22,6 +22,7 @@ public:
     void stopLoading();
 
 private:
+    UIView& box_;
     UIActivityIndicatorView& indicator_;
     int state_ = 0;  // 0 idle, 1 shown
 };

@@ -23,7 +23,13 @@ constexpr double kBarHeight = 48;
 constexpr double kButtonWidth = 72;
 constexpr double kMessageHeight = 32;
 constexpr double kFadeDuration = 0.15;
-constexpr double kRise = 20;  // points from below that the panel comes from
+constexpr double kIgnoredAlpha = 0.3;  // of buttons that do nothing while the list is edited
+constexpr double kRise = 20;           // points from below that the panel comes from
+
+/// A hairline over the width of what stands below it.
+Stroke separator(double from, double to, double y) {
+    return {{from, y - 0.5}, {to, y - 0.5}, 1, UIColor::colorWithWhite(1, 0.15F)};
+}
 
 std::shared_ptr<UIButton> barButton(const char* identifier, const char* textKey, CGRect frame) {
     auto button = std::make_shared<UIButton>(frame);
@@ -65,10 +71,12 @@ void SubjectListCell::layoutSubviews() {
     const double textX = kMargin + kSwatch.width + kMargin;
     const double textWidth = size.width - textX - kMargin;
     const bool alone = professorLabel_->text().empty();
+    const bool unnamed = nameLabel_->text().empty();
     colorView_->setFrame(
         {kMargin, (size.height - kSwatch.height) / 2, kSwatch.width, kSwatch.height});
     nameLabel_->setFrame({textX, alone ? 13.0 : 5.0, textWidth, 22});
-    professorLabel_->setFrame({textX, 27, textWidth, alone ? 0.0 : 16.0});
+    professorLabel_->setFrame({textX, unnamed ? 16.0 : 27.0, textWidth, alone ? 0.0 : 16.0});
+    setStrokes({separator(contentView().frame().x + textX, frame().width, size.height)});
 }
 
 // MARK: the table
@@ -149,6 +157,7 @@ SubjectListView::SubjectListView() : FadingPanel(UIScreen::mainScreen().bounds()
     titleLabel_->setMinimumScaleFactor(0.7);
 
     const double footY = height - kBarHeight;
+    panel_->setStrokes({separator(0, width, footY + 1)});
     table_ = std::make_shared<SubjectListTableView>(
         CGRect{0, kBarHeight + kMessageHeight, width, footY - kBarHeight - kMessageHeight});
     messageLabel_ =
@@ -209,6 +218,7 @@ void SubjectListView::setListMode() {
     table_->setLocked(false);
     table_->setEditing(false);
     doneButton_->setHidden(true);
+    showIgnoredButtons();
     showMessage();
 }
 
@@ -218,6 +228,12 @@ void SubjectListView::setEditMode() {
     table_->setEditing(true);
     messageLabel_->setText("");
     doneButton_->setHidden(false);
+    showIgnoredButtons();
+}
+
+void SubjectListView::showIgnoredButtons() {
+    for (const auto& button : {closeButton_, addButton_, editButton_})
+        button->setAlpha(locked_ ? kIgnoredAlpha : 1);
 }
 
 void SubjectListView::showMessage() {

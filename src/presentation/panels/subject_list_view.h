@@ -86,6 +86,7 @@ private:
     void setEditMode();
     void addButtonAction();
     void showMessage();
+    void showIgnoredButtons();
     void remove(GXLessonData& lesson);
 
     std::shared_ptr<UIView> panel_;

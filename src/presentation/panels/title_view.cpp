@@ -4,6 +4,7 @@
 #include "platform/foundation/utf8.h"
 #include "presentation/main_screen.h"
 #include "presentation/notifications.h"
+#include "presentation/panels/date_view.h"
 #include "presentation/style/theme_manager.h"
 #include "presentation/ui_manager.h"
 
@@ -13,7 +14,8 @@ namespace {
 
 constexpr double kNotesDuration = 0.2;
 constexpr double kButtonWidth = 64;
-constexpr std::size_t kShortTitle = 9;  // characters from which a title is set smaller
+constexpr double kTitleInset = GXDateView::kWidth;  // as much as a class hour may cover
+constexpr std::size_t kShortTitle = 9;              // characters from which a title is set smaller
 
 struct NoteButton {
     const char* identifier;
@@ -35,7 +37,7 @@ float sizeFor(const std::string& title) {
 GXTitleView::GXTitleView(double width, double topSpace)
     : UIView({0, topSpace - kHeight, width, kHeight}),
       topSpace_(topSpace),
-      lblTitle_(add<UILabel>(CGRect{kButtonWidth, 0, width - 2 * kButtonWidth, kHeight})),
+      lblTitle_(add<UILabel>(CGRect{kTitleInset, 0, width - 2 * kTitleInset, kHeight})),
       btnOK_(addFaceButton("btnOK", {width - kButtonWidth, 0, kButtonWidth, kHeight})),
       btnCancel_(addFaceButton("btnCancel", {0, 0, kButtonWidth, kHeight})) {
     setAccessibilityIdentifier("titleView");
