@@ -133,7 +133,7 @@ void ScreenItem::move(QPointF point, qint64 milliseconds) {
     UIWindow& window = UIWindow::keyWindow();
     UIView* touched = window.touched() ? window.touched() : window.hitTest(cgPoint(pressed_));
     auto scroll = Scroller::scrollViewFor(touched, distance);
-    if (!scroll) return;
+    if (!scroll) return turn([&] { window.touchMoved(cgPoint(point)); });
     turn([&] { window.touchCancel(); });
     scroller_.begin(std::move(scroll), pressed_, milliseconds);
     scroller_.moveTo(point, milliseconds);

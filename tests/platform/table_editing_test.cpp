@@ -18,6 +18,9 @@ public:
     }
     bool canEditRow(UITableView&, NSIndexPath path) override { return path.row != 1; }
     bool canMoveRow(UITableView&, NSIndexPath path) override { return path.row != 2; }
+    void moveRow(UITableView&, NSIndexPath from, NSIndexPath to) override {
+        told.insert(told.end(), {from.row, to.row});
+    }
     void commitDelete(UITableView&, NSIndexPath path) override { told.push_back(-path.row); }
     void didSelectRow(UITableView&, NSIndexPath path) override { told.push_back(path.row); }
 
@@ -56,6 +59,47 @@ TEST(TableEditing, marks_stand_beside_the_content_and_take_its_touches) {
     EXPECT_EQ(rows->told, (std::vector<NSInteger>{2, -2, 1, 2}));
     table->setEditing(false);
     EXPECT_EQ(content(0).width, 300);
+}
+
+TEST(TableEditing, a_row_that_is_held_by_its_mark_goes_where_it_is_let_go) {
+    Phone phone;
+    const auto rows = std::make_shared<Rows>();
+    const auto table = std::make_shared<UITableView>(CGRect{0, 100, 300, 400});
+    UIWindow& window = UIWindow::keyWindow();
+    window.addSubview(table);
+    table->setDataSource(rows);
+    table->reloadData();
+    const auto drag = [&](double fromY, double toY) {
+        window.touchDown({290, fromY});
+        window.touchMoved({200, (fromY + toY) / 2});
+        window.touchMoved({200, toY});
+    };
+    const auto places = [&] {
+        std::vector<double> tops;
+        for (const NSInteger row : {0, 1, 2})
+            tops.push_back(table->cellForRow({0, row})->frame().y);
+        return tops;
+    };
+    const std::vector<double> still{0, 44, 88};
+
+    drag(110, 180);
+    EXPECT_EQ(places(), still) << "nothing is edited";
+    window.touchUp({200, 180});
+
+    table->setEditing(true);
+    drag(110, 180);
+    EXPECT_EQ(places(), (std::vector<double>{70, 0, 44})) << "the others make room";
+    window.touchCancel();
+    EXPECT_EQ(places(), still);
+    drag(110, 180);
+    window.touchUp({200, 180});
+    EXPECT_EQ(rows->told, (std::vector<NSInteger>{0, 2}));
+    drag(150, -500);
+    window.touchUp({200, -500});
+    EXPECT_EQ(rows->told, (std::vector<NSInteger>{0, 2, 1, 0})) << "no higher than the first";
+    drag(200, 110);
+    window.touchUp({200, 110});
+    EXPECT_EQ(rows->told.size(), 4U) << "the last one may not move";
 }
 
 }  // namespace

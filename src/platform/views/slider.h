@@ -22,7 +22,22 @@ public:
     float value() const { return value_; }
     void setValue(float value) { change(value_, std::clamp(value, minimumValue_, maximumValue_)); }
 
+    void touchesBegan(CGPoint inWindow) override {
+        start_ = inWindow.x;
+        valueAtStart_ = value_;
+        UIControl::touchesBegan(inWindow);
+    }
+    /// The finger takes the value along, wherever on the slider it came down.
+    void touchesMoved(CGPoint inWindow) override {
+        if (!isEnabled() || frame().width <= 0) return;
+        const double part = (inWindow.x - start_) / frame().width;
+        setValue(valueAtStart_ + static_cast<float>(part) * (maximumValue_ - minimumValue_));
+        sendActions(UIControlEvent::valueChanged);
+    }
+
 private:
+    double start_ = 0;
+    float valueAtStart_ = 0;
     float minimumValue_ = 0;
     float maximumValue_ = 1;
     float value_ = 0;

@@ -11,6 +11,9 @@ namespace {
 
 constexpr double kDeleteWidth = 40;
 constexpr double kReorderWidth = 42;
+/// At an edge a dragged row moves the list.
+constexpr double kEdge = 20;
+constexpr double kEdgeStep = 8;
 
 }  // namespace
 
@@ -78,6 +81,7 @@ CGRect UITableView::rectForRow(NSIndexPath path) const {
 }
 
 void UITableView::reloadData() {
+    lifted_.reset();
     rows_.clear();
     headers_.clear();
     inSight_.clear();
@@ -124,6 +128,10 @@ std::vector<NSIndexPath> UITableView::pathsInSight() const {
             static_cast<NSInteger>(std::clamp(std::ceil((bottom - rowsY) / rowHeight_), 0.0, rows));
         for (NSInteger row = first; row < last; ++row)
             paths.push_back({section, row});
+    }
+    // One that is held stays, however far the list has moved.
+    if (lifted_ && std::find(paths.begin(), paths.end(), lifted_->path) == paths.end()) {
+        paths.push_back(lifted_->path);
     }
     return paths;
 }
@@ -191,7 +199,68 @@ bool UITableView::dragRow(NSIndexPath from, NSIndexPath to) {
     return true;
 }
 
+// MARK: touches
+
+void UITableView::touchesBegan(CGPoint inWindow) {
+    for (const auto& cell : inSight_) {
+        const CGRect row = cell->frameInWindow();
+        if (!cell->reorderMark().offsetBy(row.origin()).contains(inWindow)) continue;
+        const NSIndexPath path = cell->indexPath_;
+        lifted_ = {path, path, inWindow.y - row.y, cell->frame().y};
+        bringSubviewToFront(*cell);
+        return;
+    }
+}
+
+void UITableView::touchesMoved(CGPoint inWindow) {
+    if (!lifted_) return;
+    const CGRect table = frameInWindow();
+    const double last = std::max(0.0, contentSize().height - table.height);
+    CGPoint offset = contentOffset();
+    if (inWindow.y < table.y + kEdge) offset.y = std::max(0.0, offset.y - kEdgeStep);
+    if (inWindow.y > table.maxY() - kEdge) offset.y = std::min(last, offset.y + kEdgeStep);
+    setContentOffset(offset);
+    lifted_->y = inWindow.y - table.y + offset.y - lifted_->grip;
+    lifted_->target = nearestRow(lifted_->y + rowHeight_ / 2, lifted_->path.section);
+    placeRows();
+}
+
+/// The row of a section that is at a height of the content, or comes nearest to it.
+NSIndexPath UITableView::nearestRow(double y, NSInteger section) const {
+    const double rows = (y - rectForRow({section, 0}).y) / rowHeight_;
+    const auto last = static_cast<double>(numberOfRowsInSection(section) - 1);
+    return {section, static_cast<NSInteger>(std::clamp(std::floor(rows), 0.0, last))};
+}
+
+/// The others make room where the row that is held would land.
+void UITableView::placeRows() {
+    for (const auto& cell : inSight_) {
+        const NSIndexPath path = cell->indexPath_;
+        CGRect place = rectForRow(path);
+        if (lifted_ && path.section == lifted_->path.section) {
+            const NSInteger from = lifted_->path.row;
+            const NSInteger to = lifted_->target.row;
+            if (path.row > from && path.row <= to) place.y -= rowHeight_;
+            if (path.row < from && path.row >= to) place.y += rowHeight_;
+            if (path.row == from) place.y = lifted_->y;
+        }
+        cell->setFrame(place);
+    }
+}
+
+void UITableView::touchesCancelled() {
+    lifted_.reset();
+    layoutRows();
+    placeRows();
+}
+
 void UITableView::touchesEnded(CGPoint inWindow) {
+    if (lifted_) {
+        const LiftedRow lifted = *lifted_;
+        touchesCancelled();
+        if (lifted.target != lifted.path) dragRow(lifted.path, lifted.target);
+        return;
+    }
     for (const auto& cell : inSight_) {
         const CGRect row = cell->frameInWindow();
         if (!row.contains(inWindow)) continue;

@@ -111,7 +111,12 @@ public:
     /// A drag while editing.
     bool dragRow(NSIndexPath from, NSIndexPath to);
 
+    void touchesBegan(CGPoint inWindow) override;
+    void touchesMoved(CGPoint inWindow) override;
     void touchesEnded(CGPoint inWindow) override;
+    void touchesCancelled() override;
+    /// A row that is held by its mark follows the finger, and the table stays.
+    bool touchesShouldCancelInContentView(const UIView&) const override { return !lifted_; }
 
 protected:
     void didScroll() override { layoutRows(); }
@@ -123,6 +128,8 @@ private:
     double sectionTop(NSInteger section) const;
     void makeHeaders();
     std::vector<NSIndexPath> pathsInSight() const;
+    NSIndexPath nearestRow(double y, NSInteger section) const;
+    void placeRows();
     void layoutRows();
     void layoutCell(UITableViewCell& cell);
 
@@ -133,6 +140,15 @@ private:
     std::vector<NSInteger> rows_;       // by section
     std::vector<std::string> headers_;  // by section
     std::vector<std::shared_ptr<UITableViewCell>> inSight_;
+
+    /// A row that is being dragged.
+    struct LiftedRow {
+        NSIndexPath path;
+        NSIndexPath target;  // where it would land now
+        double grip;         // of the finger, below its top
+        double y;            // of its top, in the content
+    };
+    std::optional<LiftedRow> lifted_;
 };
 
 }  // namespace gexlo

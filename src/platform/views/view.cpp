@@ -135,6 +135,10 @@ void UIView::touchesBegan(CGPoint inWindow) {
     if (superview_) superview_->touchesBegan(inWindow);
 }
 
+void UIView::touchesMoved(CGPoint inWindow) {
+    if (superview_) superview_->touchesMoved(inWindow);
+}
+
 void UIView::touchesEnded(CGPoint inWindow) {
     if (superview_) superview_->touchesEnded(inWindow);
 }

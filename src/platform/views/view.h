@@ -118,6 +118,7 @@ public:
     UIView* hitTest(CGPoint point);
     // Of a touch that came down on this view; what it does not take goes to the parent.
     virtual void touchesBegan(CGPoint inWindow);
+    virtual void touchesMoved(CGPoint inWindow);
     virtual void touchesEnded(CGPoint inWindow);
     virtual void touchesCancelled();
 

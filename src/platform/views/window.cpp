@@ -33,6 +33,12 @@ UIView* UIWindow::touchDown(CGPoint point) {
     return hit;
 }
 
+void UIWindow::touchMoved(CGPoint point) {
+    if (!touched()) return;
+    const auto view = path_.front();
+    if (view->isDescendantOf(*this)) view->touchesMoved(point);
+}
+
 UIView* UIWindow::touchUp(CGPoint point) {
     if (!touched()) return nullptr;
     const auto path = std::move(path_);

@@ -32,6 +32,7 @@ public:
     /// One finger: each returns the view that takes the touch, or null where an alert is up
     /// or nothing is hit. A second touch before the first has ended cancels the first.
     UIView* touchDown(CGPoint point);
+    void touchMoved(CGPoint point);
     UIView* touchUp(CGPoint point);
     void touchCancel();
     /// Whether a finger in the middle of what is seen of a view reaches it or one within.
