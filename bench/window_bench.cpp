@@ -115,6 +115,10 @@ void bareFirstFrame(const std::filesystem::path& root, const QElapsedTimer& time
     tellFirstFrame(window, timer, [items] { return items; });
 }
 
+double processorMilliseconds() {
+    return static_cast<double>(std::clock()) * 1000 / CLOCKS_PER_SEC;
+}
+
 /// Milliseconds of processor time that each frame of a drag takes: the finger's step, what it
 /// changes, and the picture. `step` moves by so many points.
 void tellDrag(QQuickWindow& window, const std::function<void(double)>& step) {
@@ -122,12 +126,10 @@ void tellDrag(QQuickWindow& window, const std::function<void(double)>& step) {
     constexpr int kTurn = 30;  // frames in one direction
     constexpr double kDistance = 9;
     std::vector<double> frames;
-    std::clock_t former = 0;
+    double former = 0;
     const auto next = [&] {
-        const std::clock_t now = std::clock();
-        if (former != 0) {
-            frames.push_back(static_cast<double>(now - former) * 1000 / CLOCKS_PER_SEC);
-        }
+        const double now = processorMilliseconds();
+        if (former != 0) frames.push_back(now - former);
         if (frames.size() == kFrames) return QCoreApplication::quit();
         former = now;
         step(frames.size() / kTurn % 2 == 0 ? -kDistance : kDistance);
@@ -170,6 +172,30 @@ void bareDrag(const std::filesystem::path&, const QElapsedTimer&, Items items) {
     tellDrag(window, [&](double distance) { content.setY(content.y() + distance); });
 }
 
+/// Processor time while nobody touches anything, in milliseconds a second, of two spans.
+void idle(const std::filesystem::path& root, const QElapsedTimer&, Items) {
+    constexpr int kSplash = 1500;
+    constexpr int kSpan = 2000;
+    const auto device = measuringDeviceOn(root);
+    QQmlEngine engine;
+    ViewPainter painter(device->facts().resources / "images");
+    PhoneWindow window(engine, painter);
+    const EventLoop loop;
+    launch();
+    std::vector<double> times;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+        times.push_back(processorMilliseconds());
+        timer.setInterval(kSpan);
+        if (times.size() == 3) QCoreApplication::quit();
+    });
+    timer.start(kSplash);
+    window.show();
+    QGuiApplication::exec();
+    std::printf("%f %f\n", (times.at(1) - times.at(0)) * 1000 / kSpan,
+                (times.at(2) - times.at(1)) * 1000 / kSpan);
+}
+
 // MARK: runs, each in a process of its own
 
 struct Case {
@@ -178,10 +204,8 @@ struct Case {
 };
 
 constexpr Case kCases[] = {
-    {"frame", firstFrame},
-    {"bare-frame", bareFirstFrame},
-    {"drag", drag},
-    {"bare-drag", bareDrag},
+    {"frame", firstFrame}, {"bare-frame", bareFirstFrame}, {"drag", drag}, {"bare-drag", bareDrag},
+    {"idle", idle},
 };
 
 /// The numbers that one run tells.
@@ -233,6 +257,11 @@ void compareDrags() {
     std::printf("  99 %%   %6.2f ms, bare %6.2f ms\n", own[1], bare[1]);
 }
 
+void measureIdling() {
+    const std::vector<double> own = runCase("idle", largeStoreRoot(), {});
+    std::printf("Idle: %.2f and %.2f ms of processor time a second\n", own[0], own[1]);
+}
+
 }  // namespace
 
 }  // namespace gexlo::bench
@@ -246,6 +275,7 @@ int main(int count, char** arguments) {
     if (count < 5) {
         gexlo::bench::compareFirstFrames();
         gexlo::bench::compareDrags();
+        gexlo::bench::measureIdling();
         return 0;
     }
     for (const gexlo::bench::Case& known : gexlo::bench::kCases) {
