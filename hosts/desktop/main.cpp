@@ -1,7 +1,9 @@
 // The application in a window.
 #include <QGuiApplication>
 #include <QImage>
+#include <QOpenGLContext>
 #include <QQmlEngine>
+#include <QSGRendererInterface>
 #include <QStandardPaths>
 #include <QTimer>
 #include <algorithm>
@@ -34,6 +36,12 @@ bool hasDisplay() {
         if (value && *value) return true;
     }
     return false;
+}
+
+/// Qt Quick ends the process where it cannot have OpenGL, and draws by itself when it is told.
+void drawWithWhatIsThere() {
+    QOpenGLContext context;
+    if (!context.create()) QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 }
 
 /// Where nobody could see it, a picture of the first screen is all that can be shown.
@@ -179,5 +187,6 @@ int main(int count, char** arguments) {
     QGuiApplication::setApplicationName(QStringLiteral("gexlo"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Gexlo"));
     QGuiApplication::setDesktopFileName(QStringLiteral("gexlo"));
+    if (visible) gexlo::drawWithWhatIsThere();
     return gexlo::run(application, *line.options, visible);
 }
