@@ -59,6 +59,18 @@ void launch() {
     UIApplication::sharedApplication().launch(GXAppDelegate::delegate());
 }
 
+/// The application as it stands in its window, which is not shown yet.
+struct Application {
+    explicit Application(const std::filesystem::path& root) : device(measuringDeviceOn(root)) {
+        launch();
+    }
+    std::unique_ptr<Device> device;
+    QQmlEngine engine;
+    ViewPainter painter{device->facts().resources / "images"};
+    PhoneWindow window{engine, painter};
+    EventLoop loop;
+};
+
 /// Shows the window, and tells time and memory once its first frame is out.
 void tellFirstFrame(QQuickWindow& window, const QElapsedTimer& timer,
                     const std::function<Items()>& items) {
@@ -77,12 +89,8 @@ void tellFirstFrame(QQuickWindow& window, const QElapsedTimer& timer,
 }
 
 void firstFrame(const std::filesystem::path& root, const QElapsedTimer& timer, Items) {
-    const auto device = measuringDeviceOn(root);
-    QQmlEngine engine;
-    ViewPainter painter(device->facts().resources / "images");
-    PhoneWindow window(engine, painter);
-    launch();
-    tellFirstFrame(window, timer, [] {
+    Application shown(root);
+    tellFirstFrame(shown.window, timer, [] {
         Items items;
         count(UIWindow::keyWindow(), items);
         return items;
@@ -146,20 +154,15 @@ void tellDrag(QQuickWindow& window, const std::function<void(double)>& step) {
 }
 
 void drag(const std::filesystem::path& root, const QElapsedTimer&, Items) {
-    const auto device = measuringDeviceOn(root);
-    QQmlEngine engine;
-    ViewPainter painter(device->facts().resources / "images");
-    PhoneWindow window(engine, painter);
-    const EventLoop loop;
-    launch();
+    Application shown(root);
     QPointF finger(200, 600);
     qint64 time = 0;
     bool isDown = false;
-    tellDrag(window, [&](double distance) {
-        if (!isDown) window.screen().press(finger, time);
+    tellDrag(shown.window, [&](double distance) {
+        if (!isDown) shown.window.screen().press(finger, time);
         isDown = true;
         finger.ry() += distance;
-        window.screen().move(finger, time += 16);
+        shown.window.screen().move(finger, time += 16);
     });
 }
 
@@ -176,12 +179,7 @@ void bareDrag(const std::filesystem::path&, const QElapsedTimer&, Items items) {
 void idle(const std::filesystem::path& root, const QElapsedTimer&, Items) {
     constexpr int kSplash = 1500;
     constexpr int kSpan = 2000;
-    const auto device = measuringDeviceOn(root);
-    QQmlEngine engine;
-    ViewPainter painter(device->facts().resources / "images");
-    PhoneWindow window(engine, painter);
-    const EventLoop loop;
-    launch();
+    Application shown(root);
     std::vector<double> times;
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, [&] {
@@ -190,7 +188,7 @@ void idle(const std::filesystem::path& root, const QElapsedTimer&, Items) {
         if (times.size() == 3) QCoreApplication::quit();
     });
     timer.start(kSplash);
-    window.show();
+    shown.window.show();
     QGuiApplication::exec();
     std::printf("%f %f\n", (times.at(1) - times.at(0)) * 1000 / kSpan,
                 (times.at(2) - times.at(1)) * 1000 / kSpan);

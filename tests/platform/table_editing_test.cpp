@@ -27,15 +27,21 @@ public:
     std::vector<NSInteger> told;  ///< rows selected, those to be deleted as negative numbers
 };
 
-TEST(TableEditing, marks_stand_beside_the_content_and_take_its_touches) {
+class TableEditing : public ::testing::Test {
+protected:
+    TableEditing() {
+        window.addSubview(table);
+        table->setDataSource(rows);
+        table->setDelegate(rows);
+        table->reloadData();
+    }
     Phone phone;
-    const auto rows = std::make_shared<Rows>();
-    const auto table = std::make_shared<UITableView>(CGRect{0, 100, 300, 400});
     UIWindow& window = UIWindow::keyWindow();
-    window.addSubview(table);
-    table->setDataSource(rows);
-    table->setDelegate(rows);
-    table->reloadData();
+    std::shared_ptr<Rows> rows = std::make_shared<Rows>();
+    std::shared_ptr<UITableView> table = std::make_shared<UITableView>(CGRect{0, 100, 300, 400});
+};
+
+TEST_F(TableEditing, marks_stand_beside_the_content_and_take_its_touches) {
     const auto tap = [&](double x, NSInteger row) {
         const CGPoint point{x, 100 + table->rectForRow({0, row}).center().y};
         window.touchDown(point);
@@ -61,14 +67,7 @@ TEST(TableEditing, marks_stand_beside_the_content_and_take_its_touches) {
     EXPECT_EQ(content(0).width, 300);
 }
 
-TEST(TableEditing, a_row_that_is_held_by_its_mark_goes_where_it_is_let_go) {
-    Phone phone;
-    const auto rows = std::make_shared<Rows>();
-    const auto table = std::make_shared<UITableView>(CGRect{0, 100, 300, 400});
-    UIWindow& window = UIWindow::keyWindow();
-    window.addSubview(table);
-    table->setDataSource(rows);
-    table->reloadData();
+TEST_F(TableEditing, a_row_that_is_held_by_its_mark_goes_where_it_is_let_go) {
     const auto drag = [&](double fromY, double toY) {
         window.touchDown({290, fromY});
         window.touchMoved({200, (fromY + toY) / 2});
