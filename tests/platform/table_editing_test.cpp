@@ -83,7 +83,7 @@ TEST_F(TableEditing, a_row_that_is_held_by_its_mark_goes_where_it_is_let_go) {
 
     drag(110, 180);
     EXPECT_EQ(places(), still) << "nothing is edited";
-    window.touchUp({200, 180});
+    window.touchCancel();
 
     table->setEditing(true);
     drag(110, 180);
@@ -97,8 +97,7 @@ TEST_F(TableEditing, a_row_that_is_held_by_its_mark_goes_where_it_is_let_go) {
     window.touchUp({200, -500});
     EXPECT_EQ(rows->told, (std::vector<NSInteger>{0, 2, 1, 0})) << "no higher than the first";
     drag(200, 110);
-    window.touchUp({200, 110});
-    EXPECT_EQ(rows->told.size(), 4U) << "the last one may not move";
+    EXPECT_EQ(places(), still) << "the last one may not move";
 }
 
 }  // namespace
