@@ -1,5 +1,8 @@
 #include "exchange/exchange_reader.h"
 
+#include <algorithm>
+#include <limits>
+
 #include "exchange/exchange_format.h"
 #include "exchange/file_url.h"
 #include "exchange/foreign_database.h"
@@ -21,6 +24,12 @@ NSInteger gridNumber(ForeignRow& row) {
 }
 NSInteger number(ForeignRow& row) {
     return row.integer(-kNumberLimit, kNumberLimit);
+}
+/// However high; the floats end before SQLite's numbers do.
+float version(ForeignRow& row) {
+    constexpr double highest = std::numeric_limits<float>::max();
+    const double number = row.real(std::numeric_limits<double>::infinity());
+    return static_cast<float>(std::clamp(number, -highest, highest));
 }
 double period(ForeignRow& row) {
     return row.real(static_cast<double>(kGridLimit));
@@ -57,12 +66,12 @@ private:
         bool isComplete = true;
         const bool isPrepared =
             database_.forEachRow(statement(kSelectDataInfo), {}, [&](ForeignRow& row) {
-                generation_ = generationOf(static_cast<float>(row.real(kVersionLimit)));
+                generation_ = generationOf(version(row));
                 row.skip();  // coreDataVersion
                 isComplete = isComplete && !row.isNull();
                 row.skip();  // appVersion
-                const auto leastData = static_cast<float>(row.real(kVersionLimit));
-                const auto leastStore = static_cast<float>(row.real(kVersionLimit));
+                const float leastData = version(row);
+                const float leastStore = version(row);
                 if (!hasRow) isTooHigh = leastData > kDataVersion || leastStore > kStoreVersion;
                 hasRow = true;
             });
@@ -190,8 +199,6 @@ private:
         });
         return items;
     }
-
-    static constexpr double kVersionLimit = 1e30;  // any number that a version can be
 
     ForeignDatabase database_;
     Generation generation_ = Generation::third;

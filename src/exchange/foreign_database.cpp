@@ -2,9 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
+#include <fstream>
 #include <iterator>
-#include <string_view>
 
 #include "platform/foundation/utf8.h"
 
@@ -13,46 +12,77 @@ namespace gexlo {
 namespace {
 
 // A full timetable has some 1,500 rows and 100 kB of text.
-constexpr NSInteger kMostRows = 20'000;
-constexpr std::size_t kMostText = 8U << 20;  // bytes, of all texts
-constexpr int kLongestValue = 1 << 20;       // bytes, of a text or a row
-// Steps of SQLite's machine: about two seconds.
-constexpr int kStepsAtOnce = 100'000;
-constexpr int kMostSteps = 1'000;  // of those
+constexpr std::size_t kLargestFile = 16U << 20;  // bytes
+constexpr NSInteger kMostRows = 40'000;          // each is looked over, and then read
+constexpr std::size_t kMostText = 8U << 20;      // bytes, of all texts
+constexpr int kLongestValue = 1 << 18;           // bytes, of a text or a row
+constexpr int kLongestKey = 32;                  // bytes, of a number written as text
+constexpr int kLongestDefinition = 10'000;       // bytes, of a table or an index
+constexpr int kMostColumns = 100;
+// What SQLite may do, in steps of its machine: about a second.
+constexpr int kStepsAtOnce = 1'000;
+constexpr int kMostSteps = 50'000'000;
+constexpr int kMostSchemaSteps = 10'000;
+constexpr int kStepsOfPage = 40;  // as long as it takes to find a page
 
-constexpr const char* kTables[] = {"data_info", "timetable", "classhour", "lesson", "professor",
-                                   "classes",   "memo",      "homework",  "exam"};
-
-bool isKnownTable(const char* name) {
-    return std::any_of(std::begin(kTables), std::end(kTables),
-                       [name](const char* known) { return sqlite3_stricmp(known, name) == 0; });
-}
+/// A table, and the columns by which its rows are found.
+struct Table {
+    const char* name;
+    const char* keys;
+};
+constexpr Table kTables[] = {
+    {"data_info", nullptr},
+    {"timetable", nullptr},
+    {"classhour", "timetableID"},
+    {"lesson", "timetableID"},
+    {"professor", "lessonID"},
+    {"classes", "lessonID"},
+    {"memo", "lessonID"},
+    {"homework", "lessonID, timetableID"},
+    {"exam", "lessonID, timetableID"},
+};
 
 /// A file can hold expressions of its own: only plain columns of the known tables are read.
 int authorize(void*, int action, const char* table, const char*, const char*, const char*) {
-    switch (action) {
-        case SQLITE_SELECT:
-            return SQLITE_OK;
-        case SQLITE_READ:
-            return isKnownTable(table) ? SQLITE_OK : SQLITE_DENY;
-        default:
-            return SQLITE_DENY;
-    }
+    const auto isTable = [table](const Table& known) {
+        return sqlite3_stricmp(known.name, table) == 0;
+    };
+    if (action == SQLITE_SELECT) return SQLITE_OK;
+    const bool isRead = action == SQLITE_READ;
+    return isRead && std::any_of(std::begin(kTables), std::end(kTables), isTable) ? SQLITE_OK
+                                                                                  : SQLITE_DENY;
 }
 
-/// The path as an address that asks SQLite for nothing but its bytes.
-std::string readOnlyAddress(const NSURL& path) {
-    constexpr char kDigits[] = "0123456789ABCDEF";
-    std::string address = "file:";
-    for (const char c : path.string()) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte > 0x20 && byte < 0x7F && !std::strchr("%?#", c)) {
-            address += c;
-        } else {
-            address += {'%', kDigits[byte >> 4], kDigits[byte & 15]};
-        }
+std::string_view tableOf(std::string_view query) {
+    constexpr std::string_view from = " FROM ";
+    query.remove_prefix(query.find(from) + from.size());
+    return query.substr(0, query.find(' '));
+}
+
+/// The query over the table itself: an index can hold anything and of any size.
+std::string unindexed(std::string_view query) {
+    const std::string_view table = tableOf(query);
+    std::string result(query.data(), table.data() + table.size());
+    const std::string_view rest = query.substr(result.size());
+    return result.append(" NOT INDEXED").append(rest);
+}
+
+std::string firstBytes(std::istream& file, std::size_t count) {
+    std::string bytes(count, '\0');
+    file.read(bytes.data(), static_cast<std::streamsize>(count));
+    bytes.resize(static_cast<std::size_t>(file.gcount()));
+    return bytes;
+}
+
+/// Without the mark of a database whose last changes may stand in a log beside it: there is
+/// none beside a copy in memory.
+void forgetLog(std::string& file) {
+    constexpr std::size_t writeVersion = 18;
+    constexpr std::size_t readVersion = 19;
+    if (file.size() <= readVersion) return;
+    for (const std::size_t place : {writeVersion, readVersion}) {
+        if (file[place] == 2) file[place] = 1;
     }
-    return address + "?mode=ro&immutable=1";
 }
 
 void restrain(sqlite3* database) {
@@ -60,10 +90,29 @@ void restrain(sqlite3* database) {
     sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
     sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
+    sqlite3_drop_modules(database, nullptr);
     sqlite3_limit(database, SQLITE_LIMIT_LENGTH, kLongestValue);
+    sqlite3_limit(database, SQLITE_LIMIT_SQL_LENGTH, kLongestDefinition);
+    sqlite3_limit(database, SQLITE_LIMIT_COLUMN, kMostColumns);
     sqlite3_limit(database, SQLITE_LIMIT_ATTACHED, 0);
-    execute(database, "PRAGMA cell_size_check = ON");
-    sqlite3_set_authorizer(database, authorize, nullptr);
+    // Room for the whole file, so that no page is fetched twice. This reads the schema.
+    execute(database, "PRAGMA cell_size_check = ON; PRAGMA cache_size = -20000");
+}
+
+int pagesFound(sqlite3* database) {
+    int all = 0;
+    for (const int kind : {SQLITE_DBSTATUS_CACHE_HIT, SQLITE_DBSTATUS_CACHE_MISS}) {
+        int count = 0;
+        int highest = 0;
+        sqlite3_db_status(database, kind, &count, &highest, 1);
+        all += count;
+    }
+    return all;
+}
+
+bool isWritten(sqlite3_stmt* statement, int column) {
+    const int type = sqlite3_column_type(statement, column);
+    return type == SQLITE_TEXT || type == SQLITE_BLOB;
 }
 
 }  // namespace
@@ -84,23 +133,31 @@ std::string ForeignRow::text() {
     return repairedUtf8(whole.substr(0, whole.find('\0')));
 }
 
+/// The column of the number that is next, once its text is counted if it comes as one.
+int ForeignRow::nextNumber() {
+    if (isWritten(statement_, column_)) {
+        database_.takeText(static_cast<std::size_t>(sqlite3_column_bytes(statement_, column_)));
+    }
+    return column_++;
+}
+
 bool ForeignRow::flag() {
-    return sqlite3_column_int64(statement_, column_++) != 0;
+    return sqlite3_column_int64(statement_, nextNumber()) != 0;
 }
 
 NSInteger ForeignRow::identifier() {
-    return sqlite3_column_int64(statement_, column_++);
+    return sqlite3_column_int64(statement_, nextNumber());
 }
 
 NSInteger ForeignRow::integer(NSInteger least, NSInteger greatest) {
-    const NSInteger number = sqlite3_column_int64(statement_, column_++);
+    const NSInteger number = sqlite3_column_int64(statement_, nextNumber());
     if (number >= least && number <= greatest) return number;
     database_.leaveBounds();
     return 0;
 }
 
 double ForeignRow::real(double limit) {
-    const double number = sqlite3_column_double(statement_, column_++);
+    const double number = sqlite3_column_double(statement_, nextNumber());
     if (std::abs(number) <= limit) return number;
     database_.leaveBounds();
     return 0;
@@ -109,25 +166,80 @@ double ForeignRow::real(double limit) {
 // MARK: ForeignDatabase
 
 ForeignDatabase::ForeignDatabase(const NSURL& path)
-    : rowsLeft_(kMostRows), textLeft_(kMostText), stepsLeft_(kMostSteps) {
-    std::error_code ignored;
+    : rowsLeft_(kMostRows), textLeft_(kMostText), stepsLeft_(kMostSchemaSteps) {
+    std::error_code error;
     // Reading from a pipe or a device may never end.
-    if (!std::filesystem::is_regular_file(path, ignored)) return;
+    if (!std::filesystem::is_regular_file(path, error)) return;
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    std::ifstream file(path, std::ios::binary);
+    if (error || !file) return;
     sqlite3* database = nullptr;
-    const int result = sqlite3_open_v2(readOnlyAddress(path).c_str(), &database,
-                                       SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, nullptr);
+    sqlite3_open(":memory:", &database);
     database_.reset(database);
-    if (result != SQLITE_OK) {
-        database_.reset();
+    if (size > kLargestFile) {
+        leaveBounds();
         return;
     }
-    restrain(database);
+    // A copy: whatever is written meanwhile, what is looked over is what is read.
+    file_ = firstBytes(file, static_cast<std::size_t>(size));
+    load();
+}
+
+void ForeignDatabase::load() {
+    sqlite3* database = database_.get();
+    if (!file_.empty()) {
+        forgetLog(file_);
+        const auto length = static_cast<sqlite3_int64>(file_.size());
+        sqlite3_deserialize(database, "main", reinterpret_cast<unsigned char*>(file_.data()),
+                            length, length, SQLITE_DESERIALIZE_READONLY);
+    }
     sqlite3_progress_handler(database, kStepsAtOnce, stepsTaken, this);
+    restrain(database);
+    stepsLeft_ = kMostSteps;
+    for (const Table& table : kTables) {
+        if (!isPlain(table.name)) continue;
+        plainTables_.insert(table.name);
+        if (table.keys) lookOver(table.name, table.keys);
+    }
+    sqlite3_set_authorizer(database, authorize, nullptr);
+}
+
+/// Whether it is a table and nothing that computes: not even to be asked for its columns, as a
+/// view of a few lines can keep SQLite busy for ever.
+bool ForeignDatabase::isPlain(const char* table) {
+    sqlite3* database = database_.get();
+    if (!isWithinBounds_ ||
+        sqlite3_table_column_metadata(database, nullptr, table, nullptr, nullptr, nullptr, nullptr,
+                                      nullptr, nullptr) != SQLITE_OK) {
+        return false;
+    }
+    constexpr int hidden = 6;  // above 1 for a column that is computed
+    const Statement columns = prepare(database, "PRAGMA table_xinfo(" + std::string(table) + ")");
+    while (columns && sqlite3_step(columns.get()) == SQLITE_ROW) {
+        if (sqlite3_column_int(columns.get(), hidden) > 1) return false;
+    }
+    return columns != nullptr;
+}
+
+/// Passes all rows once, since each subject passes them again: there are not too many of them,
+/// and what tells their owners is quickly compared.
+void ForeignDatabase::lookOver(const std::string& table, const std::string& keys) {
+    const std::string query = "SELECT " + keys + " FROM " + table;
+    const Statement rows = prepare(database_.get(), unindexed(query));
+    while (isWithinBounds_ && rows && sqlite3_step(rows.get()) == SQLITE_ROW) {
+        takeRows(1);
+        for (int key = 0; key < sqlite3_column_count(rows.get()); ++key) {
+            if (!isWritten(rows.get(), key)) continue;
+            if (sqlite3_column_bytes(rows.get(), key) > kLongestKey) leaveBounds();
+        }
+    }
 }
 
 int ForeignDatabase::stepsTaken(void* self) {
     auto& database = *static_cast<ForeignDatabase*>(self);
-    if (--database.stepsLeft_ <= 0) database.leaveBounds();
+    const int pages = std::min(pagesFound(database.database_.get()), kMostSteps / kStepsOfPage);
+    database.stepsLeft_ -= kStepsAtOnce + kStepsOfPage * pages;
+    if (database.stepsLeft_ <= 0) database.leaveBounds();
     return database.isWithinBounds() ? 0 : 1;
 }
 
@@ -143,7 +255,10 @@ void ForeignDatabase::takeText(std::size_t bytes) {
 
 bool ForeignDatabase::forEachRow(const char* sql, std::initializer_list<NSInteger> bound,
                                  const std::function<void(ForeignRow&)>& read) {
-    sqlite3_stmt* statement = statements_.statement(database_.get(), sql);
+    if (!isWithinBounds_ || !plainTables_.contains(tableOf(sql))) return false;
+    const auto [found, isNew] = statements_.try_emplace(sql);
+    if (isNew) found->second = prepare(database_.get(), unindexed(sql));
+    sqlite3_stmt* statement = found->second.get();
     if (!statement) return false;
     int place = 0;
     for (const NSInteger value : bound)

@@ -3,11 +3,14 @@
 
 #include <functional>
 #include <initializer_list>
+#include <map>
+#include <set>
 #include <string>
+#include <string_view>
 
-#include "exchange/statement_cache.h"
 #include "platform/foundation/file_manager.h"
 #include "platform/foundation/types.h"
+#include "platform/persistence/statement.h"
 
 namespace gexlo {
 
@@ -32,6 +35,8 @@ public:
     double real(double limit);
 
 private:
+    int nextNumber();
+
     ForeignDatabase& database_;
     sqlite3_stmt* statement_;
     int column_ = 0;
@@ -39,7 +44,8 @@ private:
 
 class ForeignDatabase {
 public:
-    /// Takes no lock, reads no journal, and trusts neither views nor triggers nor virtual tables.
+    /// Reads the file once, and no journal. Neither views nor triggers nor virtual tables nor
+    /// columns that are computed have an effect: a table that needs one cannot be queried.
     explicit ForeignDatabase(const NSURL& path);
     ForeignDatabase(const ForeignDatabase&) = delete;
     ForeignDatabase& operator=(const ForeignDatabase&) = delete;
@@ -53,19 +59,25 @@ public:
     void takeRows(NSInteger count);
     void takeText(std::size_t bytes);
 
-    /// Runs a query; false when it cannot be prepared. Rows end where the file is damaged.
+    /// Runs a query, whose text must be a constant; false when it cannot be prepared. Rows end
+    /// where the file is damaged.
     bool forEachRow(const char* sql, std::initializer_list<NSInteger> bound,
                     const std::function<void(ForeignRow&)>& read);
 
 private:
     static int stepsTaken(void* self);
+    void load();
+    bool isPlain(const char* table);
+    void lookOver(const std::string& table, const std::string& keys);
 
     bool isWithinBounds_ = true;
     NSInteger rowsLeft_;
     std::size_t textLeft_;
     int stepsLeft_;
+    std::string file_;  // lasts longer than the database that reads it
     Database database_;
-    StatementCache statements_;  // ends before the database
+    std::set<std::string_view> plainTables_;
+    std::map<const char*, Statement> statements_;  // by their text's place; end before the database
 };
 
 }  // namespace gexlo

@@ -156,6 +156,8 @@ TEST_F(Import, the_first_row_says_who_may_read_and_the_last_one_how) {
         {"UPDATE data_info SET minExportDataVersion = 2.5", 15},
         {"UPDATE data_info SET minCoreDataVersion = 4.01", 15},
         {"UPDATE data_info SET exportDataVersion = 9.0, coreDataVersion = 9.0", 10},
+        {"UPDATE data_info SET exportDataVersion = 1e300", 10},
+        {"UPDATE data_info SET minExportDataVersion = 9e999", 15},
         {"INSERT INTO data_info VALUES (1.0,4.0,'47',9.0,9.0,'','',0)", 10},
         {"INSERT INTO data_info VALUES (2.0,4.0,NULL,1.0,3.3,'','',0)", 12},
         {"UPDATE timetable SET name = NULL", 12},
@@ -215,7 +217,6 @@ TEST_F(Import, a_file_beyond_all_bounds_is_refused_before_anything_is_made) {
         "UPDATE timetable SET firstPeriod = -2000000000",
         "UPDATE classes SET period = 9e999",
         "UPDATE homework SET date = -1e300",
-        "UPDATE data_info SET exportDataVersion = 1e300",
         "UPDATE timetable SET name = CAST(zeroblob(100000000) AS TEXT)",
         "UPDATE homework SET content = replace(hex(zeroblob(50000000)), '0', 'x')",
         std::string(numbers) + "INSERT INTO classes SELECT i,0,1,1,'',0 FROM n",
@@ -225,6 +226,13 @@ TEST_F(Import, a_file_beyond_all_bounds_is_refused_before_anything_is_made) {
             "INSERT INTO lesson SELECT i,'','','','','',0,0,0,1,'',0,0,0 FROM n LIMIT 400",
         std::string(numbers) +
             "INSERT INTO lesson SELECT i,'','','','','',0,0,0,1,'',900,900,0 FROM n LIMIT 40",
+        // Owners that take long to compare.
+        "DROP TABLE classes; CREATE TABLE classes (id,week,day,period,room,lessonID);"
+        "INSERT INTO classes VALUES (1,0,1,1,'',hex(zeroblob(90000)))",
+        // A schema that takes long to read, over and over.
+        "PRAGMA writable_schema = ON;" + std::string(numbers) +
+            "INSERT INTO sqlite_schema SELECT 'table', 'x', 'x', 2,"
+            "  'CREATE TABLE IF NOT EXISTS exam(x)' FROM n LIMIT 100000",
     };
     for (const std::string& change : changes)
         EXPECT_EQ(openChanged(change), 12) << change.substr(0, 100);
@@ -243,7 +251,13 @@ TEST_F(Import, a_schema_that_computes_is_not_trusted) {
         "useSameClasshours,textSize,titleProfessor,titleRoom,useAbsenceCounting);"
         "INSERT INTO timetable(id,name) VALUES (0,'x')",
         "ALTER TABLE timetable DROP COLUMN textSize;"
-        "ALTER TABLE timetable ADD COLUMN textSize AS (length(hex(zeroblob(900000))))",
+        "ALTER TABLE timetable ADD COLUMN textSize AS (instr(name, 'x'))",
+        // Twice as much to do for each line.
+        "DROP TABLE data_info; CREATE VIEW data_info AS SELECT 1; PRAGMA writable_schema = ON;"
+        "UPDATE sqlite_schema SET sql = 'CREATE VIEW data_info AS WITH a0 AS (SELECT 1)' || "
+        "  (WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n LIMIT 40) "
+        "  SELECT group_concat(printf(', a%d AS (SELECT 1 FROM a%d x, a%d)', i, i-1, i-1), '') "
+        "  FROM n) || ' SELECT 1 FROM a40' WHERE name = 'data_info'",
     };
     for (const std::string& change : changes)
         EXPECT_EQ(openChanged(change), 12) << change.substr(0, 100);
