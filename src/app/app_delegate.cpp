@@ -124,10 +124,11 @@ bool GXAppDelegate::application_openURL_sourceApplication_annotation(const std::
                                                                      const std::string&) {
     constexpr std::string_view separator = "://";
     const std::size_t end = url.find(separator);
-    if (end == std::string::npos) return true;
-    std::string_view second(url);
-    second.remove_prefix(end + separator.size());
-    second = second.substr(0, second.find(separator));
+    std::string_view second;
+    if (end != std::string::npos) {
+        second = std::string_view(url).substr(end + separator.size());
+        second = second.substr(0, second.find(separator));
+    }
     if (url.substr(0, end) == "file") {
         receivedURL_ = url;
         UIAlert alert;

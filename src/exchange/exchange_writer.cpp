@@ -67,13 +67,23 @@ std::vector<Item*> byGenDate(const ToMany<Item>& items) {
     return sortedBy(static_cast<Attribute<NSDate> Item::*>(&Item::genDate), items);
 }
 
+void removeFile(const NSURL& path) {
+    std::error_code ignored;
+    std::filesystem::remove(path, ignored);
+}
+
 class Writer {
 public:
     explicit Writer(const NSURL& path) {
         sqlite3* database = nullptr;
         isOpen_ = sqlite3_open(path.c_str(), &database) == SQLITE_OK;
         database_.reset(database);
+        // The file is made anew each time: nothing in it is worth surviving a power cut.
+        execute(database_.get(), "PRAGMA synchronous = OFF; PRAGMA journal_mode = MEMORY");
     }
+
+    void begin() { execute(database_.get(), "BEGIN"); }
+    bool commit() { return execute(database_.get(), "COMMIT") == SQLITE_OK; }
 
     /// As far as it comes; whether what it leaves can be sent.
     bool write(const GXTimetableData& timetable, ExportError& error) {
@@ -81,8 +91,6 @@ public:
             error = ExportError::cannotOpen;
             return false;
         }
-        // The file is made anew each time: nothing in it is worth surviving a power cut.
-        execute(database_.get(), "PRAGMA synchronous = OFF; PRAGMA journal_mode = MEMORY; BEGIN");
         for (const char* statement : kCreateStatements) {
             if (execute(database_.get(), statement) == SQLITE_OK) continue;
             logDatabaseError();
@@ -105,10 +113,7 @@ public:
         writeItems(kInsertHomework, byGenDate(timetable.homework), kNoOwner, kTimetableId);
         writeItems(kInsertExam, byGenDate(timetable.exam), kNoOwner, kTimetableId);
         if (hasFailed_) error = ExportError::cannotWrite;
-        if (execute(database_.get(), "COMMIT") == SQLITE_OK) return true;
-        logDatabaseError();
-        error = ExportError::cannotWrite;
-        return false;
+        return true;
     }
 
 private:
@@ -206,8 +211,16 @@ private:
 }  // namespace
 
 bool writeExchangeFile(const GXTimetableData& timetable, const NSURL& path, ExportError& error) {
-    std::error_code ignored;
-    std::filesystem::remove(path, ignored);
+    removeFile(path);
+    {
+        Writer writer(path);
+        writer.begin();
+        if (!writer.write(timetable, error)) return false;
+        if (writer.commit()) return true;
+    }
+    // There is no room for all of it. Row by row, what there is room for goes out.
+    removeFile(path);
+    error = ExportError::unknown;
     return Writer(path).write(timetable, error);
 }
 

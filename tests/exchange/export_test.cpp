@@ -1,5 +1,7 @@
 // Files that go out: they come in again as they went, and how they are sent.
+#include <sys/resource.h>
 #include <algorithm>
+#include <csignal>
 #include <random>
 
 #include "hosts/headless/outbox.h"
@@ -153,6 +155,34 @@ TEST_F(Export, a_file_says_what_its_readers_ask_for) {
                                   "SELECT name, lessonID FROM professor||1",
                                   "SELECT typeof(genDate), minCoreDataVersion = 3.299999952316284, "
                                   "minCoreDataVersion = 3.3 FROM data_info|real|1|0"}));
+}
+
+TEST_F(Export, a_full_disk_cuts_the_file_short_and_an_empty_one_fails) {
+    GXTimetableData& timetable = phone.timetable();
+    for (int n = 0; n < 200; ++n) {
+        auto& item = phone.manager().addNewHomework();
+        item.content = std::string(1000, 'x');
+        timetable.homework.addObject(item);
+    }
+    const auto exportWithin = [&](rlim_t room) {
+        rlimit before{};
+        ::getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit narrow{room, before.rlim_max};
+        const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+        ::setrlimit(RLIMIT_FSIZE, &narrow);
+        std::int32_t code = 10;
+        const bool isSent =
+            manager().generateDataFileFromTimetable_errorCode(timetable, &code).has_value();
+        ::setrlimit(RLIMIT_FSIZE, &before);
+        std::signal(SIGXFSZ, handler);
+        return code + (isSent ? 1000 : 0);
+    };
+    EXPECT_EQ(exportWithin(10'000'000), 1010);
+    EXPECT_EQ(exportWithin(100'000), 1018);
+    const auto file = phone.facts.root / "tmp" / "timetable_data_file.gexlo";
+    EXPECT_GT(rowsOf(file, {"SELECT id FROM homework"}).size(), 50U);
+    phone.expectLog("");
+    EXPECT_EQ(exportWithin(0), 17);
 }
 
 TEST_F(Export, the_menu_is_free_once_the_mail_is_done_with) {
