@@ -68,7 +68,7 @@ private:
     static int stepsTaken(void* self);
     void load();
     bool isPlain(const char* table);
-    void lookOver(const std::string& table, const std::string& keys);
+    void lookOver(const std::string& table, const std::string& key);
 
     bool isWithinBounds_ = true;
     NSInteger rowsLeft_;
