@@ -222,17 +222,26 @@ bool ForeignDatabase::isPlain(const char* table) {
     return columns != nullptr;
 }
 
-/// Passes all rows once, since each subject passes them again: there are not too many of them,
-/// and what tells their owners is quickly compared. One key at a time, as a damaged one ends
-/// the rows here and need not end them there.
-void ForeignDatabase::lookOver(const std::string& table, const std::string& key) {
-    const std::string query = "SELECT " + key + " FROM " + table;
-    const Statement rows = prepare(database_.get(), unindexed(query));
+/// Passes all rows once: there are not too many of them, and what tells their owners is quickly
+/// compared. One key at a time, as a damaged one ends the rows here and need not end them there.
+void ForeignDatabase::lookOver(const char* table, const std::string& key) {
+    const auto query = [&](const std::string& columns) {
+        return prepare(database_.get(), unindexed("SELECT " + columns + " FROM " + table));
+    };
+    Statement rows = query(key + ", rowid");
+    bool canBeFound = rows != nullptr;
+    if (!rows) rows = query(key);
+    RowsByKey byKey;
     while (isWithinBounds_ && rows && sqlite3_step(rows.get()) == SQLITE_ROW) {
         takeRows(1);
-        if (!isWritten(rows.get(), 0)) continue;
-        if (sqlite3_column_bytes(rows.get(), 0) > kLongestKey) leaveBounds();
+        if (isWritten(rows.get(), 0) && sqlite3_column_bytes(rows.get(), 0) > kLongestKey) {
+            leaveBounds();
+        }
+        canBeFound = canBeFound && sqlite3_column_type(rows.get(), 0) == SQLITE_INTEGER;
+        if (!canBeFound) continue;
+        byKey[sqlite3_column_int64(rows.get(), 0)].push_back(sqlite3_column_int64(rows.get(), 1));
     }
+    if (canBeFound) rowsByKey_.try_emplace(table, std::move(byKey));
 }
 
 int ForeignDatabase::stepsTaken(void* self) {
@@ -256,13 +265,32 @@ void ForeignDatabase::takeText(std::size_t bytes) {
 bool ForeignDatabase::forEachRow(const char* sql, std::initializer_list<NSInteger> bound,
                                  const std::function<void(ForeignRow&)>& read) {
     if (!isWithinBounds_ || !plainTables_.contains(tableOf(sql))) return false;
-    const auto [found, isNew] = statements_.try_emplace(sql);
-    if (isNew) found->second = prepare(database_.get(), unindexed(sql));
-    sqlite3_stmt* statement = found->second.get();
-    if (!statement) return false;
+    const auto byKey = bound.size() == 0 ? rowsByKey_.end() : rowsByKey_.find(tableOf(sql));
+    const bool isByRow = byKey != rowsByKey_.end();
+    sqlite3_stmt* prepared = statement(sql, isByRow ? " AND rowid=?" : "");
+    if (!prepared) return false;
     int place = 0;
     for (const NSInteger value : bound)
-        sqlite3_bind_int64(statement, ++place, value);
+        sqlite3_bind_int64(prepared, ++place, value);
+    if (!isByRow) {
+        readRows(prepared, read);
+        return true;
+    }
+    for (const NSInteger row : byKey->second[*bound.begin()]) {
+        sqlite3_bind_int64(prepared, place + 1, row);
+        readRows(prepared, read);
+    }
+    return true;
+}
+
+sqlite3_stmt* ForeignDatabase::statement(const char* sql, const char* addition) {
+    const auto [found, isNew] = statements_.try_emplace(sql);
+    if (isNew) found->second = prepare(database_.get(), unindexed(sql) + addition);
+    return found->second.get();
+}
+
+void ForeignDatabase::readRows(sqlite3_stmt* statement,
+                               const std::function<void(ForeignRow&)>& read) {
     int result = SQLITE_ROW;
     while (isWithinBounds_ && (result = sqlite3_step(statement)) == SQLITE_ROW) {
         takeRows(1);
@@ -271,7 +299,6 @@ bool ForeignDatabase::forEachRow(const char* sql, std::initializer_list<NSIntege
     }
     if (result == SQLITE_TOOBIG || result == SQLITE_NOMEM) leaveBounds();
     sqlite3_reset(statement);
-    return true;
 }
 
 }  // namespace gexlo

@@ -7,6 +7,8 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <vector>
 
 #include "platform/foundation/file_manager.h"
 #include "platform/foundation/types.h"
@@ -68,7 +70,9 @@ private:
     static int stepsTaken(void* self);
     void load();
     bool isPlain(const char* table);
-    void lookOver(const std::string& table, const std::string& key);
+    void lookOver(const char* table, const std::string& key);
+    sqlite3_stmt* statement(const char* sql, const char* addition);
+    void readRows(sqlite3_stmt* statement, const std::function<void(ForeignRow&)>& read);
 
     bool isWithinBounds_ = true;
     NSInteger rowsLeft_;
@@ -77,6 +81,11 @@ private:
     std::string file_;  // lasts longer than the database that reads it
     Database database_;
     std::set<std::string_view> plainTables_;
+
+    /// By table, its rows by the first of their keys, so that no subject has to pass those of
+    /// others. Of tables whose keys are integers all.
+    using RowsByKey = std::unordered_map<NSInteger, std::vector<NSInteger>>;
+    std::map<std::string_view, RowsByKey> rowsByKey_;
     std::map<const char*, Statement> statements_;  // by their text's place; end before the database
 };
 

@@ -189,7 +189,12 @@ TEST_F(Import, odd_values_are_read_as_far_as_they_can_be) {
                           "  (1,'Other','','','','',0,0,0,1,'',0,0,0);"  // another timetable's
                           "INSERT INTO classhour VALUES (1,'P','1',0,99,1.0,9,0,9,50,0);"
                           "INSERT INTO professor VALUES (1,NULL,'C1','','',0),(2,'X','','','',0);"
-                          "INSERT INTO exam VALUES (9,'Own','',5.5,0,'1',-1,7)"),
+                          "INSERT INTO exam VALUES (9,'Own','',5.5,0,'1',-1,7);"
+                          "DROP TABLE homework; CREATE TABLE homework (id TEXT PRIMARY KEY, title,"
+                          "  content, date, repeat, complete, lessonID TEXT, timetableID TEXT)"
+                          "  WITHOUT ROWID;"
+                          "INSERT INTO homework VALUES ('a','Essay','',1,0,0,0,-1),"
+                          "  ('b','Of another','',1,0,0,1,-1),('c','Own','',1,0,0,-1,7)"),
               10);
     const GXTimetableData& timetable = phone.timetable();
     EXPECT_EQ(timetable.numWeeks.get(), 2);
@@ -203,6 +208,7 @@ TEST_F(Import, odd_values_are_read_as_far_as_they_can_be) {
     EXPECT_TRUE(lesson.memo.isEmpty());
     EXPECT_TRUE(timetable.classtimes.isEmpty());
     EXPECT_TRUE(timetable.exam.anyObject()->complete.get());
+    EXPECT_EQ(homeworkOf(lesson) + homeworkOf(timetable), "Essay 0 0 1|Own 0 0 1|");
 }
 
 TEST_F(Import, a_file_beyond_all_bounds_is_refused_before_anything_is_made) {
