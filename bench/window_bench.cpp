@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "app/app_delegate.h"
+#include "hosts/desktop/application_bar.h"
 #include "hosts/desktop/event_loop.h"
 #include "hosts/desktop/phone_window.h"
 #include "hosts/drawing/qt_text_measure.h"
@@ -68,16 +69,21 @@ struct Application {
     QQmlEngine engine;
     ViewPainter painter{device->facts().resources / "images"};
     PhoneWindow window{engine, painter};
+    ApplicationBar bar{engine, window, [](const std::string&) {}};
     EventLoop loop;
 };
 
 /// Shows the window, and tells time and memory once its first frame is out.
 void tellFirstFrame(QQuickWindow& window, const QElapsedTimer& timer,
                     const std::function<Items()>& items) {
+    double elapsed = 0;
+    // At once: others wait for the frame too, and do their work only then.
+    QObject::connect(
+        &window, &QQuickWindow::frameSwapped, &window,
+        [&] { elapsed = static_cast<double>(timer.nsecsElapsed()) / 1e6; }, Qt::DirectConnection);
     QObject::connect(
         &window, &QQuickWindow::frameSwapped, &window,
         [&] {
-            const double elapsed = static_cast<double>(timer.nsecsElapsed()) / 1e6;
             const Items shown = items();
             std::printf("%f %f %d %d\n", elapsed, residentMegabytes(), shown.rectangles,
                         shown.texts);

@@ -6,25 +6,24 @@
 #include <QSGRendererInterface>
 #include <QStandardPaths>
 #include <QTimer>
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
 
-#include "app/app_delegate.h"
+#include "hosts/desktop/application_bar.h"
+#include "hosts/desktop/desktop_session.h"
 #include "hosts/desktop/driver_input.h"
 #include "hosts/desktop/event_loop.h"
 #include "hosts/desktop/options.h"
 #include "hosts/desktop/phone_window.h"
+#include "hosts/desktop/services/desktop_composers.h"
 #include "hosts/desktop/services/desktop_key_store.h"
-#include "hosts/desktop/services/desktop_notifications.h"
-#include "hosts/desktop/services/single_instance.h"
+#include "hosts/desktop/services/opened_url.h"
 #include "hosts/desktop/window_commands.h"
 #include "hosts/drawing/qt_text_measure.h"
 #include "hosts/headless/outbox.h"
 #include "platform/foundation/installation_lock.h"
 #include "platform/services/application.h"
-#include "platform/services/local_notification.h"
 
 namespace gexlo {
 
@@ -55,16 +54,6 @@ int showPicture(PhoneWindow& window, const DeviceFacts& facts) {
     return 0;
 }
 
-/// The application's states follow the window's.
-void followState(Qt::ApplicationState state) {
-    UIApplication& application = UIApplication::sharedApplication();
-    if (state == Qt::ApplicationActive) {
-        application.enterForeground();
-    } else if (state == Qt::ApplicationHidden || state == Qt::ApplicationSuspended) {
-        application.enterBackground();
-    }
-}
-
 /// Once the splash has faded and nothing moves any more.
 void whenAtRest(QObject& context, const ScreenItem& screen, const std::function<void()>& act) {
     constexpr int splash = 600;
@@ -83,47 +72,12 @@ void whenAtRest(QObject& context, const ScreenItem& screen, const std::function<
 /// The exit code of a start that cannot have the directory: another run may take its request.
 int giveWay(const InstallationLock& lock, const DesktopOptions& options) {
     if (lock.isTaken() && !options.drives &&
-        SingleInstance::handOver(options.facts.root, SingleInstance::requestFrom(options.opened))) {
+        SingleInstance::handOver(options.facts.root, urlFromArgument(options.opened))) {
         return 0;
     }
     std::fprintf(stderr, "%s\n", lock.refusal().c_str());
     return lock.isTaken() ? 1 : 2;
 }
-
-/// What was clicked no longer lies unseen, and brings the application to the front.
-void openNotification(const UILocalNotification& note) {
-    UIApplication& application = UIApplication::sharedApplication();
-    const auto& rung = application.rungLocalNotifications();
-    const auto found = std::find(rung.begin(), rung.end(), note);
-    if (found != rung.end()) {
-        application.removeRungLocalNotification(static_cast<std::size_t>(found - rung.begin()));
-    }
-    application.open(note);
-}
-
-void bringToFront(QWindow& window) {
-    window.show();
-    window.raise();
-    window.requestActivate();
-}
-
-/// What the desktop gives to a person's own run, and not to one that is driven.
-struct Services {
-    Services(QWindow& window, const DeviceFacts& facts)
-        : notifications(QStringLiteral("Gexlo"),
-                        [&window](const UILocalNotification& note) {
-                            bringToFront(window);
-                            openNotification(note);
-                        }),
-          // Files and addresses are not opened yet: the window comes to the front.
-          instance(facts.root, [&window](const std::string&) { bringToFront(window); }) {
-        UIApplication::sharedApplication().setRingHandler(
-            [this](const UILocalNotification& note) { notifications.show(note); });
-    }
-
-    DesktopNotifications notifications;
-    SingleInstance instance;
-};
 
 int run(QGuiApplication& application, DesktopOptions options, bool visible) {
     const InstallationLock lock(options.facts.root);
@@ -134,6 +88,8 @@ int run(QGuiApplication& application, DesktopOptions options, bool visible) {
     } else {
         options.facts.keyboardHeight = 0;  // the desktop has one of its own
         options.facts.keyStore = std::make_shared<DesktopKeyStore>(options.facts.root);
+        options.facts.composers =
+            std::make_shared<DesktopComposers>(options.facts.temporaryDirectory());
     }
     Device device(options.facts, options.clock);
 
@@ -144,14 +100,15 @@ int run(QGuiApplication& application, DesktopOptions options, bool visible) {
     EventLoop loop;
     Driver driver(windowCommands());
     std::unique_ptr<DriverInput> input;
-    std::optional<Services> services;
+    std::optional<DesktopSession> session;
+    std::optional<ApplicationBar> bar;
     if (options.drives) {
         input = std::make_unique<DriverInput>(driver, [&] { application.quit(); });
     } else {
-        services.emplace(window, options.facts);
-        UIApplication::sharedApplication().launch(GXAppDelegate::delegate());
-        QObject::connect(&application, &QGuiApplication::applicationStateChanged, &window,
-                         followState);
+        session.emplace(window, options.facts.root);
+        if (visible) {
+            bar.emplace(engine, window, [&](const std::string& url) { session->receive(url); });
+        }
     }
     int exitCode = 0;
     if (!visible && !options.drives) {
@@ -161,9 +118,11 @@ int run(QGuiApplication& application, DesktopOptions options, bool visible) {
         });
     }
     window.show();
+    if (session && !options.opened.empty()) session->receive(urlFromArgument(options.opened));
     application.exec();
     input.reset();
-    UIApplication::sharedApplication().setRingHandler({});
+    bar.reset();
+    session.reset();
     UIApplication::sharedApplication().terminate();
     return exitCode;
 }

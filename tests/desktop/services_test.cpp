@@ -6,12 +6,14 @@
 #include <QDBusVirtualObject>
 #include <QLocalSocket>
 #include <QProcess>
-#include <QUrl>
 
+#include <sys/stat.h>
 #include <thread>
 
+#include "hosts/desktop/services/desktop_composers.h"
 #include "hosts/desktop/services/desktop_key_store.h"
 #include "hosts/desktop/services/desktop_notifications.h"
+#include "hosts/desktop/services/opened_url.h"
 #include "hosts/desktop/services/single_instance.h"
 #include "support/child_process.h"
 #include "support/phone.h"
@@ -92,15 +94,85 @@ TEST_F(SecondStart, is_refused_what_is_too_long_or_no_text) {
     EXPECT_TRUE(handOver("still there"));
 }
 
-TEST_F(SecondStart, names_a_file_wherever_it_was_started) {
-    std::filesystem::current_path("/usr");
+TEST(OpenedUrl, names_a_file_whatever_it_is_called) {
+    const TemporaryDirectory directory;
+    std::filesystem::current_path(directory.path());
+    writeFile("a:b.gexlo", "");
+    const std::string here = "file://" + directory.path().string();
     const std::pair<std::string, std::string> cases[] = {
         {"", ""},
-        {"lib/../한.gexlo", "/usr/한.gexlo"},
-        {"file:///%EC%A7%91/1%202%233.gexlo", "/집/1 2#3.gexlo"},
+        {"../한 1.gexlo", here + "/../%ED%95%9C%201.gexlo"},
+        {"/50%/%41#1?.gexlo", "file:///50%25/%2541%231%3F.gexlo"},
+        {"caf\xe9", here + "/caf%E9"},
+        {"a:b.gexlo", here + "/a%3Ab.gexlo"},
+        {"file:///%EC%A7%91/1%202%233.gexlo", "file:///%EC%A7%91/1%202%233.gexlo"},
+        {"file:/집/1 2", "file:///%EC%A7%91/1%202"},
         {"tessaly://open?a=%20b", "tessaly://open?a=%20b"}};
-    for (const auto& [argument, request] : cases)
-        EXPECT_EQ(SingleInstance::requestFrom(argument), request);
+    for (const auto& [argument, url] : cases)
+        EXPECT_EQ(urlFromArgument(argument), url);
+}
+
+/// A desktop with commands of the test's own.
+class Mail : public DesktopServices {
+protected:
+    Mail() {
+        std::filesystem::create_directory(directory.path() / "bin");
+        qputenv("PATH", (directory.path() / "bin").c_str());
+    }
+    ~Mail() override { qputenv("PATH", path); }
+    void command(const char* name, const std::string& script) const {
+        const auto file = directory.path() / "bin" / name;
+        writeFile(file, "#!/bin/sh\n" + script);
+        std::filesystem::permissions(file, std::filesystem::perms::owner_all);
+    }
+    MFMailComposeResult compose(const gexlo::Mail& mail) {
+        std::optional<MFMailComposeResult> result;
+        Device::current().perform([&] {
+            composers.composeMail(mail, [&](MFMailComposeResult told) { result = told; });
+            EXPECT_FALSE(result) << "told before the composer was left";
+        });
+        return result.value();
+    }
+
+    const QByteArray path = qgetenv("PATH");
+    Phone phone;
+    const std::filesystem::path temporary = phone.facts.temporaryDirectory();
+    DesktopComposers composers{temporary};
+};
+
+TEST_F(Mail, reaches_the_mail_program_word_for_word) {
+    // A pipe is read to its end only when the program has come to its own.
+    ASSERT_EQ(::mkfifo((directory.path() / "pipe").c_str(), 0600), 0);
+    command("xdg-email", "printf '<%s>' \"$@\" >'" + (directory.path() / "pipe").string() + "'");
+    const std::string body = "--help 'it''s' \"$HOME\" `id`;\n\n=\\n";
+    ASSERT_EQ(
+        compose(
+            {"-s 시간표; $(id)",
+             body,
+             {{{'1'}, "", "a.gexlo"}, {{'2'}, "", "a.gexlo"}, {{'3'}, "", "../../-a b'c.gexlo"}}}),
+        MFMailComposeResult::sent);
+    const std::string mails = (temporary / "mail").string();
+    EXPECT_EQ(readFile(directory.path() / "pipe"),
+              "<--utf8><--attach><" + mails + "/1/a.gexlo><--attach><" + mails +
+                  "/2/a.gexlo><--attach><" + mails +
+                  "/3/-a b'c.gexlo><--subject><-s 시간표; $(id)><--body><" + body + ">");
+    EXPECT_EQ(readFile(mails + "/2/a.gexlo") + readFile(mails + "/3/-a b'c.gexlo"), "23");
+    EXPECT_EQ(std::filesystem::status(mails).permissions(), std::filesystem::perms::owner_all);
+    const DesktopComposers atNextStart(temporary);
+    EXPECT_FALSE(std::filesystem::exists(mails));
+}
+
+TEST_F(Mail, needs_a_command_and_a_program_for_its_addresses) {
+    command("xdg-mime", "[ \"$*\" = 'query default x-scheme-handler/mailto' ] && echo mail");
+    EXPECT_FALSE(composers.canSendMail()) << "no command";
+    EXPECT_EQ(compose({"subject", "body", {}}), MFMailComposeResult::cancelled);
+    command("xdg-email", "");
+    EXPECT_TRUE(composers.canSendMail());
+    command("xdg-mime", "echo");
+    EXPECT_FALSE(composers.canSendMail()) << "no program";
+    command("xdg-mime", "exec /bin/sleep 3600");
+    DesktopComposers impatient(temporary, std::chrono::milliseconds(10));
+    EXPECT_FALSE(impatient.canSendMail()) << "no answer";
 }
 
 /// A bus with a notification service that keeps what it is asked to show. It answers in the

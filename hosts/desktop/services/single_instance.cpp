@@ -1,10 +1,8 @@
 #include "hosts/desktop/services/single_instance.h"
 
 #include <QDeadlineTimer>
-#include <QDir>
 #include <QLocalSocket>
 #include <QThread>
-#include <QUrl>
 
 #include <chrono>
 
@@ -85,12 +83,6 @@ bool SingleInstance::handOver(const std::filesystem::path& root, const std::stri
     char answer = 0;
     return socket.waitForReadyRead(remaining(deadline)) && socket.getChar(&answer) &&
            answer == kTaken;
-}
-
-std::string SingleInstance::requestFrom(const std::string& argument) {
-    const QUrl url = QUrl::fromUserInput(QString::fromStdString(argument), QDir::currentPath(),
-                                         QUrl::AssumeLocalFile);
-    return url.isLocalFile() ? url.toLocalFile().toStdString() : argument;
 }
 
 }  // namespace gexlo

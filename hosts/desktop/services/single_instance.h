@@ -15,7 +15,7 @@ namespace gexlo {
 /// the directory's `InstallationLock`: so a socket that is found there is a dead run's.
 class SingleInstance {
 public:
-    /// Called with a file's absolute path, a URL, or "" where the application is just to show.
+    /// Called with a URL, or "" where the application is just to show.
     using Receive = std::function<void(const std::string& request)>;
     static constexpr std::size_t kLongestRequest = 65536;
 
@@ -25,9 +25,6 @@ public:
     /// most two seconds; refuses what is too long or no text.
     [[nodiscard]] static bool handOver(const std::filesystem::path& root,
                                        const std::string& request);
-    /// What a command line's argument asks for: the absolute path of a file, told by its path
-    /// or its URL, anything else as it stands.
-    static std::string requestFrom(const std::string& argument);
 
 private:
     void accept();

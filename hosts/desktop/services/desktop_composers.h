@@ -1,0 +1,31 @@
+// Sends mail by the mail program of the desktop.
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+
+#include "platform/services/composers.h"
+
+namespace gexlo {
+
+class DesktopComposers final : public Composers {
+public:
+    /// Attachments lie below the directory until the next start, since nobody says when the mail
+    /// program is done with them; those of an earlier run go. The desktop has `patience` to answer.
+    explicit DesktopComposers(const std::filesystem::path& temporaryDirectory,
+                              std::chrono::milliseconds patience = std::chrono::seconds(2));
+
+    /// Whether the desktop has a program for mail addresses. Asks it each time.
+    bool canSendMail() override;
+    /// Opens the mail program with the mail, which counts as sent.
+    void composeMail(Mail mail, std::function<void(MFMailComposeResult)> finished) override;
+
+private:
+    std::filesystem::path store(const MailAttachment& attachment);
+
+    std::filesystem::path directory_;
+    std::chrono::milliseconds patience_;
+    int attachments_ = 0;
+};
+
+}  // namespace gexlo

@@ -1,0 +1,192 @@
+// A person's own run: what comes to it from outside, and the bar above the phone's screen.
+#include <gtest/gtest.h>
+
+#include <QDropEvent>
+#include <QMimeData>
+#include <QQmlEngine>
+#include <QTest>
+#include <thread>
+
+#include "hosts/desktop/application_bar.h"
+#include "hosts/desktop/desktop_session.h"
+#include "hosts/desktop/phone_window.h"
+#include "hosts/desktop/services/opened_url.h"
+#include "hosts/drawing/gui_application.h"
+#include "platform/foundation/installation_lock.h"
+#include "support/child_process.h"
+#include "support/grid.h"
+
+namespace gexlo::test {
+namespace {
+
+struct Toolkit {
+    Toolkit() {
+        qputenv("QT_QUICK_BACKEND", "software");
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
+        needGuiApplication();
+    }
+};
+
+class Session : public Toolkit, public ::testing::Test {
+protected:
+    Session() {
+        std::filesystem::current_path(directory.path());
+        phone.advance(1);  // until the splash has gone
+    }
+    /// A turn would reach for a window that has gone.
+    ~Session() override { UIApplication::sharedApplication().terminate(); }
+    template <typename Condition>
+    static void runUntil(Condition isTrue) {
+        while (!isTrue())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    /// A start of the program while this one runs, to its end.
+    void startAgain(const std::string& argument) {
+        std::optional<ChildResult> result;
+        std::thread start([&] {
+            const ChildResult ended = runProgram(
+                {GEXLO_WINDOW, "--data", phone.facts.root.string(), argument}, std::string());
+            QMetaObject::invokeMethod(
+                qGuiApp, [&result, ended] { result = ended; }, Qt::QueuedConnection);
+        });
+        runUntil([&] { return result.has_value(); });
+        start.join();
+        EXPECT_EQ(result->code, 0) << argument << ": " << result->errors;
+    }
+    static void answer(std::size_t button) {
+        Device::current().perform([&] { UIWindow::keyWindow().answer(button); });
+    }
+    static std::string alert() {
+        const auto& alerts = UIWindow::keyWindow().alerts();
+        return alerts.empty() ? "" : alerts.back().title + ": " + alerts.back().message;
+    }
+    std::size_t timetables() { return phone.manager().timetableList().size(); }
+    static QUrl sample(const std::string& name) {
+        std::filesystem::copy_file(GEXLO_SAMPLES "/university.gexlo", name);
+        return QUrl(QString::fromStdString(fileUrl(name)));
+    }
+    /// Whether a drop was taken, which never moves the file.
+    bool drop(const QList<QUrl>& urls, Qt::DropActions offered = Qt::MoveAction | Qt::CopyAction) {
+        QMimeData dragged;
+        dragged.setUrls(urls);
+        QDropEvent event({9, 9}, offered, &dragged, Qt::LeftButton, Qt::NoModifier);
+        event.setDropAction(Qt::MoveAction);
+        event.ignore();
+        QCoreApplication::sendEvent(&window, &event);
+        return event.isAccepted() && event.dropAction() == Qt::CopyAction;
+    }
+    /// The window that shows a dialog of that title.
+    static QWindow* dialog(const char* title) {
+        for (QWindow* shown : QGuiApplication::topLevelWindows())
+            if (shown->isVisible() && shown->title() == title) return shown;
+        return nullptr;
+    }
+
+    TemporaryDirectory directory;
+    Phone phone;
+    QQmlEngine engine;
+    ViewPainter painter{GEXLO_RESOURCES "/images"};
+    PhoneWindow window{engine, painter};
+    InstallationLock lock{phone.facts.root};
+    DesktopSession session{window, phone.facts.root};
+    ApplicationBar bar{engine, window, [this](const std::string& url) { session.receive(url); }};
+};
+
+TEST_F(Session, takes_in_a_file_of_any_name_from_a_second_start) {
+    phone.expectLog("file://");
+    for (std::string name :
+         {"a  b", "100%", "%41", "c#d?e", "시간표 1", "[a,b]", "x:y", "caf\xe9"}) {
+        for (const std::string& argument : {name, sample(name).toEncoded().toStdString()}) {
+            window.showMinimized();
+            const std::size_t before = timetables();
+            startAgain(argument);
+            EXPECT_EQ(window.windowStates(), Qt::WindowNoState) << "still minimised";
+            answer(1);
+            EXPECT_EQ(timetables(), before + 1) << argument;
+            EXPECT_EQ(alert(), "");
+        }
+    }
+    window.hide();
+    startAgain("tessaly://tessaly");
+    EXPECT_TRUE(window.isVisible() && alert().empty());
+}
+
+TEST_F(Session, takes_in_the_last_file_of_a_drop_and_nothing_else) {
+    phone.expectLog("file://");
+    const QUrl right = sample("1 #.gexlo");
+    const QUrl remote("https://example.org/a.gexlo");
+    for (const QUrl& url : {remote, QUrl("file:///usr"), QUrl("file:///no.gexlo")})
+        EXPECT_FALSE(drop({url}));
+    EXPECT_FALSE(drop({right}, Qt::MoveAction));
+    EXPECT_EQ(alert(), "");
+    EXPECT_TRUE(drop({QUrl("file:///etc/hostname"), right, remote}));
+    answer(1);
+    EXPECT_EQ(phone.timetable().name.get() + alert(), "Autumn term");
+}
+
+TEST_F(Session, saves_what_a_mail_would_carry_and_asks_before_it_replaces) {
+    TimetableFiles files({});
+    const auto mailed = [&] {
+        const auto file = GXUIManager::manager().generateDataFileFromTimetable_errorCode(
+            phone.timetable(), nullptr);
+        return std::string(file->begin(), file->end());
+    };
+    phone.timetable().name = "../1학기: A";
+    const QUrl url = files.proposedFile(QUrl::fromLocalFile(QDir::currentPath()));
+    const auto saved = [] { return readFile("-1학기- A.gexlo"); };
+    files.save(url);
+    const std::string first = mailed();
+    EXPECT_EQ(saved(), first);
+    phone.addSubject("Maths", {mon(1)});
+    for (const std::size_t button : {0, 1}) {
+        files.save(url);
+        EXPECT_NE(alert().find("“-1학기- A.gexlo” exists"), std::string::npos) << alert();
+        EXPECT_EQ(saved(), first);
+        answer(button);
+    }
+    EXPECT_EQ(saved(), mailed());
+    files.save(QUrl("file:///proc/no%20place/a.gexlo"));
+    EXPECT_NE(alert().find("“a.gexlo” could not be written"), std::string::npos) << alert();
+}
+
+TEST_F(Session, names_a_file_so_that_every_file_system_takes_it) {
+    std::string longest;
+    while (longest.size() < 1000)
+        longest += "표";
+    const std::pair<std::string, std::string> cases[] = {{"", "Gexlo"},
+                                                         {" .. ", "Gexlo"},
+                                                         {".b/c\\d:e\n", "b-c-d-e-"},
+                                                         {longest, longest.substr(0, 198)}};
+    for (const auto& [timetable, name] : cases)
+        EXPECT_EQ(fileNameFor(timetable), name + ".gexlo");
+}
+
+TEST_F(Session, the_bar_is_reached_by_keys_and_leaves_touches_to_the_phone) {
+    window.show();
+    window.requestActivate();
+    runUntil([&] { return window.contentItem()->childItems().size() > 1; });
+    QTest::keyClick(&window, Qt::Key_F10);
+    QTest::keyClick(&window, Qt::Key_Down);
+    QTest::keyClick(&window, Qt::Key_Return);
+    ASSERT_TRUE(dialog("Save timetable as file"));
+    QTest::keyClick(dialog("Save timetable as file"), Qt::Key_Escape);
+    EXPECT_FALSE(dialog("Save timetable as file"));
+    window.requestActivate();
+    QTest::keyClick(&window, Qt::Key_Alt);
+    QTest::keyClick(&window, Qt::Key_Return);
+    ASSERT_TRUE(dialog("Open timetable file"));
+    QTest::keyClick(dialog("Open timetable file"), Qt::Key_Escape);
+
+    // With margins at its sides.
+    window.resize(750, 2 * 667 / 3 + ApplicationBar::kHeight);
+    runUntil([&] { return window.screen().width() == 750; });
+    const CGPoint add = part("btnAdd").visibleRect().center();
+    const double scale = 2 / 3.0;
+    QTest::mouseClick(&window, Qt::LeftButton, {},
+                      {static_cast<int>((750 - 375 * scale) / 2 + add.x * scale),
+                       static_cast<int>(ApplicationBar::kHeight + add.y * scale)});
+    EXPECT_EQ(GXUIManager::manager().appState(), AppState::addLesson);
+}
+
+}  // namespace
+}  // namespace gexlo::test
