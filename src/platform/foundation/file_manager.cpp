@@ -108,7 +108,11 @@ std::optional<std::string> writeFileAtomically(const NSURL& path, std::string_vi
             return error;
         }
     }
-    if (::rename(partial.c_str(), path.c_str()) != 0) return systemError("Cannot replace", path);
+    if (::rename(partial.c_str(), path.c_str()) != 0) {
+        std::string error = systemError("Cannot replace", path);
+        ::unlink(partial.c_str());
+        return error;
+    }
     const Descriptor directory(path.parent_path(), O_RDONLY | O_DIRECTORY);
     if (directory.isOpen()) (void)directory.sync();  // some file systems refuse; the file is whole
     return std::nullopt;
