@@ -98,6 +98,7 @@ TEST_F(TableEditing, a_row_that_is_held_by_its_mark_goes_where_it_is_let_go) {
     EXPECT_EQ(rows->told, (std::vector<NSInteger>{0, 2, 1, 0})) << "no higher than the first";
     drag(200, 110);
     EXPECT_EQ(places(), still) << "the last one may not move";
+    window.touchCancel();
 }
 
 }  // namespace
