@@ -1,8 +1,11 @@
 #include "hosts/desktop/screen_item.h"
 
+#include <QGuiApplication>
 #include <QQmlEngine>
 #include <QQuickWindow>
+#include <QStyleHints>
 #include <cmath>
+#include <utility>
 
 #include "hosts/desktop/alert_layer.h"
 #include "platform/foundation/device.h"
@@ -135,6 +138,7 @@ void ScreenItem::move(QPointF point, qint64 milliseconds) {
     auto scroll = Scroller::scrollViewFor(touched, distance);
     if (!scroll) return turn([&] { window.touchMoved(cgPoint(point)); });
     turn([&] { window.touchCancel(); });
+    click_.reset();
     scroller_.begin(std::move(scroll), pressed_, milliseconds);
     scroller_.moveTo(point, milliseconds);
 }
@@ -157,9 +161,27 @@ void ScreenItem::cancel() {
     turn([] { UIWindow::keyWindow().touchCancel(); });
 }
 
+/// Desktops are used to two clicks where a phone wants one: the second must not reach what the
+/// first one has brought to light.
+bool ScreenItem::isStrayClick(QPointF point, qint64 milliseconds) {
+    UIWindow& window = UIWindow::keyWindow();
+    UIView* hit = window.hitTest(cgPoint(point));
+    const std::optional<Click> former =
+        std::exchange(click_, Click{milliseconds, point, window.alertNumber(),
+                                    hit ? hit->weak_from_this() : std::weak_ptr<UIView>()});
+    if (!former) return false;
+    const QPointF distance = point - former->point;
+    const bool isSecond = milliseconds - former->milliseconds <
+                              QGuiApplication::styleHints()->mouseDoubleClickInterval() &&
+                          std::hypot(distance.x(), distance.y()) < kSlop;
+    return isSecond && (former->alert != window.alertNumber() || former->view.lock().get() != hit);
+}
+
 void ScreenItem::mousePressEvent(QMouseEvent* event) {
     forceActiveFocus();
-    press(onPhone(event->position()), static_cast<qint64>(event->timestamp()));
+    const QPointF point = onPhone(event->position());
+    const auto time = static_cast<qint64>(event->timestamp());
+    if (!isStrayClick(point, time)) press(point, time);
 }
 
 void ScreenItem::mouseMoveEvent(QMouseEvent* event) {

@@ -4,6 +4,7 @@
 #include <QQuickItem>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "hosts/desktop/scroller.h"
 #include "hosts/desktop/view_mirror.h"
@@ -51,12 +52,21 @@ private:
     ViewMirror::Actions actions();
     QPointF onPhone(QPointF point) const;
     void fit();
+    bool isStrayClick(QPointF point, qint64 milliseconds);
 
     ViewPainter& painter_;
     QQuickItem* phone_;  // child: one unit a point
     std::unique_ptr<ViewMirror> mirror_;
     std::unique_ptr<AlertLayer> alert_;
     Scroller scroller_;
+    /// What the mouse's last press was on, unless it became a drag.
+    struct Click {
+        qint64 milliseconds;
+        QPointF point;
+        unsigned alert;
+        std::weak_ptr<UIView> view;
+    };
+    std::optional<Click> click_;
     QPointF pressed_;
     bool isDown_ = false;
     bool isScheduled_ = false;

@@ -13,6 +13,7 @@
 #include "hosts/desktop/services/opened_url.h"
 #include "hosts/drawing/gui_application.h"
 #include "platform/foundation/installation_lock.h"
+#include "platform/views/table_view.h"
 #include "support/child_process.h"
 #include "support/grid.h"
 
@@ -186,6 +187,38 @@ TEST_F(Session, the_bar_is_reached_by_keys_and_leaves_touches_to_the_phone) {
                       {static_cast<int>((750 - 375 * scale) / 2 + add.x * scale),
                        static_cast<int>(ApplicationBar::kHeight + add.y * scale)});
     EXPECT_EQ(GXUIManager::manager().appState(), AppState::addLesson);
+}
+
+TEST_F(Session, the_second_click_of_two_does_not_reach_what_the_first_uncovered) {
+    phone.addSubject("Maths", {mon(1)});
+    GXAppDelegate::delegate().mainView()->setCurrentTimetableFromCoreData();
+    window.show();
+    const auto click = [&](CGPoint place, unsigned long time) {
+        const QPointF point(place.x, place.y + ApplicationBar::kHeight);
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            QMouseEvent event(type, point, point, Qt::LeftButton,
+                              type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
+                              Qt::NoModifier);
+            event.setTimestamp(time);
+            QCoreApplication::sendEvent(&window, &event);
+        }
+    };
+    const auto rowClickedAgainAfter = [&](unsigned long pause) {
+        const unsigned long time = pause * 100;
+        GXUIManager::manager().openLessonSelector();
+        phone.advance(1);
+        const CGPoint row = part<UITableView>("table").cellForRow({0, 0})->visibleRect().center();
+        click(row, time);
+        EXPECT_EQ(GXUIManager::manager().appState(), AppState::editLesson);
+        const std::size_t selected = GXUIManager::manager().selectedCells().size();
+        click(row, time + pause);
+        const bool reached = GXUIManager::manager().selectedCells().size() != selected;
+        GXUIManager::manager().cancelLessonEditing();
+        phone.advance(1);
+        return reached;
+    };
+    EXPECT_FALSE(rowClickedAgainAfter(150));
+    EXPECT_TRUE(rowClickedAgainAfter(1500)) << "which is another click";
 }
 
 }  // namespace
