@@ -20,7 +20,7 @@ namespace gexlo::test {
 
 namespace {
 
-constexpr int kSteps = 3000;
+constexpr int kSteps = 9000;
 
 class RandomWalk : public ::testing::Test {
 protected:
