@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "exchange/exchange_format.h"
 #include "exchange/file_url.h"
 #include "hosts/drawing/qt_values.h"
 #include "platform/foundation/bundle.h"
@@ -19,7 +20,6 @@ namespace gexlo {
 
 namespace {
 
-constexpr std::string_view kExtension = ".gexlo";
 /// Bytes that leave room for the extension, and for the one of a file that is being written.
 constexpr std::size_t kLongestName = 200;
 
@@ -74,7 +74,7 @@ std::string fileNameFor(const std::string& timetable) {
     const auto begin = name.find_first_not_of(". ");
     name = begin == std::string::npos ? NSLocalizedString("APP_NAME") : name.substr(begin);
     name.erase(name.find_last_not_of(' ') + 1);
-    return name.append(kExtension);
+    return name.append(exchange_format::kFileSuffix);
 }
 
 QString TimetableFiles::text(const QString& key) const {

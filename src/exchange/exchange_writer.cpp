@@ -2,14 +2,15 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <map>
 #include <string>
 #include <type_traits>
 #include <variant>
 
 #include "exchange/exchange_format.h"
-#include "exchange/statement_cache.h"
 #include "platform/foundation/device.h"
 #include "platform/foundation/log.h"
+#include "platform/persistence/statement.h"
 #include "store/data_manager.h"
 
 namespace gexlo {
@@ -71,6 +72,22 @@ void removeFile(const NSURL& path) {
     std::error_code ignored;
     std::filesystem::remove(path, ignored);
 }
+
+/// Statements that are run for many rows, each prepared once.
+class StatementCache {
+public:
+    /// Ready to be bound and stepped; null when the text does not compile. The text is a
+    /// constant: its place tells it from others.
+    sqlite3_stmt* statement(sqlite3* database, const char* sql) {
+        const auto [found, isNew] = statements_.try_emplace(sql);
+        if (isNew) found->second = prepare(database, sql);
+        if (found->second) sqlite3_reset(found->second.get());
+        return found->second.get();
+    }
+
+private:
+    std::map<const char*, Statement> statements_;
+};
 
 class Writer {
 public:
