@@ -1,5 +1,7 @@
 #include "exchange/exchange_writer.h"
 
+#include <sqlite3.h>
+
 #include <algorithm>
 #include <initializer_list>
 #include <map>

@@ -1,5 +1,7 @@
 #include "exchange/foreign_database.h"
 
+#include <sqlite3.h>
+
 #include <algorithm>
 #include <cmath>
 #include <fstream>

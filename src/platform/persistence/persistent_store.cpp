@@ -1,5 +1,7 @@
 #include "platform/persistence/persistent_store.h"
 
+#include <sqlite3.h>
+
 #include <algorithm>
 
 #include "platform/foundation/log.h"

@@ -1,6 +1,16 @@
 #include "platform/persistence/statement.h"
 
+#include <sqlite3.h>
+
 namespace gexlo {
+
+void DatabaseCloser::operator()(sqlite3* database) const {
+    sqlite3_close(database);
+}
+
+void StatementFinalizer::operator()(sqlite3_stmt* statement) const {
+    sqlite3_finalize(statement);
+}
 
 Statement prepare(sqlite3* database, std::string_view sql) {
     sqlite3_stmt* statement = nullptr;
@@ -12,7 +22,7 @@ int execute(sqlite3* database, const std::string& sql) {
     return sqlite3_exec(database, sql.c_str(), nullptr, nullptr, nullptr);
 }
 
-sqlite3_int64 singleNumber(sqlite3* database, std::string_view sql) {
+std::int64_t singleNumber(sqlite3* database, std::string_view sql) {
     const Statement statement = prepare(database, sql);
     const bool row = statement && sqlite3_step(statement.get()) == SQLITE_ROW;
     return row ? sqlite3_column_int64(statement.get(), 0) : 0;

@@ -1,23 +1,26 @@
 // SQLite's handles, owned.
 #pragma once
 
-#include <sqlite3.h>
-
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
 
 #include "platform/persistence/error.h"
 
+// SQLite's own, so that its header stays with those who call it.
+struct sqlite3;
+struct sqlite3_stmt;
+
 namespace gexlo {
 
 struct DatabaseCloser {
-    void operator()(sqlite3* database) const { sqlite3_close(database); }
+    void operator()(sqlite3* database) const;
 };
 using Database = std::unique_ptr<sqlite3, DatabaseCloser>;
 
 struct StatementFinalizer {
-    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+    void operator()(sqlite3_stmt* statement) const;
 };
 using Statement = std::unique_ptr<sqlite3_stmt, StatementFinalizer>;
 
@@ -26,7 +29,7 @@ Statement prepare(sqlite3* database, std::string_view sql);
 /// Runs statements that give no rows; SQLite's result code.
 int execute(sqlite3* database, const std::string& sql);
 /// The one number that a query gives, 0 without a row.
-sqlite3_int64 singleNumber(sqlite3* database, std::string_view sql);
+std::int64_t singleNumber(sqlite3* database, std::string_view sql);
 /// What the database says of its last failure.
 NSError databaseError(sqlite3* database);
 /// A name as SQLite takes it whatever it holds.

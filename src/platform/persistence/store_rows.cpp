@@ -1,5 +1,7 @@
 #include "platform/persistence/store_rows.h"
 
+#include <sqlite3.h>
+
 #include <string_view>
 
 #include "platform/foundation/string_format.h"
