@@ -41,6 +41,16 @@ TEST_F(MainQueueTest, a_turn_runs_what_is_queued_in_order_and_its_hooks_last) {
     EXPECT_EQ(said, "now0 a0 b0 c0 first0 second0 added0 now0 later0 first0 second0 added0 ");
 }
 
+TEST_F(MainQueueTest, a_turn_within_a_turn_leaves_queue_and_hooks_to_the_outer_one) {
+    queue().atEndOfTurn(say("end"));
+    queue().turn([this] {
+        queue().async(say("queued"));
+        queue().turn(say("inner"));
+        say("rest")();
+    });
+    EXPECT_EQ(said, "inner0 rest0 queued0 end0 ");
+}
+
 TEST_F(MainQueueTest, delayed_work_runs_when_it_falls_due_and_sees_that_time) {
     queue().atEndOfTurn([this] { said += "| "; });
     queue().after(10, say("b"));

@@ -6,8 +6,26 @@
 
 namespace gexlo {
 
+namespace {
+
+/// True for as long as it lives, also where the work of a turn throws.
+class Mark {
+public:
+    explicit Mark(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Mark() { flag_ = false; }
+    Mark(const Mark&) = delete;
+    Mark& operator=(const Mark&) = delete;
+
+private:
+    bool& flag_;
+};
+
+}  // namespace
+
 void MainQueue::turn(const Work& work) {
     const std::scoped_lock held(device_.lock());
+    if (isInTurn_) return work();
+    const Mark mark(isInTurn_);
     work();
     runQueued();
     for (std::size_t i = 0; i < endOfTurn_.size(); ++i)

@@ -27,7 +27,7 @@ public:
     explicit MainQueue(Device& device) : device_(device) {}
 
     /// Runs `work` now, then all that is queued by then, then the hooks of the turn's end,
-    /// holding the device's lock throughout.
+    /// holding the device's lock throughout. A turn within a turn is a part of it.
     void turn(const Work& work);
 
     /// Queues work behind what is queued already; from any thread.
@@ -59,6 +59,7 @@ private:
     std::vector<Work> queued_;
     std::multimap<NSDate, Work> delayed_;
     std::deque<Work> endOfTurn_;  // a hook may add one while they run
+    bool isInTurn_ = false;       // guarded by the device's lock
 };
 
 }  // namespace gexlo
