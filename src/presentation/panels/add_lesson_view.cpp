@@ -133,19 +133,19 @@ void GXAddLessonView::showNewRoomView() {
                      {NSLocalizedString("ADD_BUTTON")}};
     alert.dismissed = [weak = weak_from_this()](std::size_t button, const auto& fields) {
         const auto self = std::static_pointer_cast<GXAddLessonView>(weak.lock());
-        if (!self || !self->isOpened()) return;
+        if (!self) return;
         self->endTyping();
         self->forgetKeyboard();
         if (button == 1) self->addRoom(fields.front().text);
     };
-    std::move(alert).show();
+    std::move(alert).showFor(*this);
 }
 
 void GXAddLessonView::addRoom(const std::string& room) {
     if (room.empty() || rooms_.numRooms() == LessonRooms::kMost) return;
     if (rooms_.hasSame(room)) {
         UIAlert::notice("", NSLocalizedString("SAME_ROOM_MESSAGE"), NSLocalizedString("OK_BUTTON"))
-            .show();
+            .showFor(*this);
         return;
     }
     rooms_.add(room);
@@ -178,7 +178,7 @@ bool GXAddLessonView::nameIsMissing(const char* buttonKey) {
     if (!form_.name().text().empty()) return false;
     UIAlert::notice("", NSLocalizedString("SUBJECT_NAME_EMPTY_MESSAGE"),
                     NSLocalizedString(buttonKey))
-        .show();
+        .showFor(*this);
     return true;
 }
 

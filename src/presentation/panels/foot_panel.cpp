@@ -68,6 +68,7 @@ void FootPanel::clearView() {
     keyboardOn_ = false;
     isOpened_ = false;
     keyboard_.clear();
+    UIWindow::keyWindow().dropAlertsOf(*this);
     const auto slideOut = [weak = weak_from_this()] {
         const auto self = std::static_pointer_cast<FootPanel>(weak.lock());
         // Opened again meanwhile, it stays.

@@ -14,7 +14,7 @@ public:
     FootPanel();
 
     bool isOpened() const { return isOpened_; }
-    /// Puts the keyboard away, and then the panel.
+    /// Puts the keyboard and the panel's alerts away, and then the panel.
     void clearView();
 
 protected:
