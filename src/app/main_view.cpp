@@ -3,12 +3,12 @@
 #include "platform/foundation/user_defaults.h"
 #include "presentation/notifications.h"
 #include "presentation/panels/more_menu.h"
+#include "presentation/settings_manager.h"
 #include "presentation/style/color_manager.h"
 #include "presentation/style/theme_manager.h"
 #include "presentation/ui_manager.h"
 #include "store/app_local.h"
 #include "store/data_manager.h"
-#include "store/settings_manager.h"
 #include "store/user_default_keys.h"
 #include "time/periods_controller.h"
 

@@ -2,7 +2,7 @@
 #include "alarms/alarms.h"
 #include "app/app_delegate.h"
 #include "app/main_view.h"
-#include "store/settings_manager.h"
+#include "presentation/settings_manager.h"
 
 namespace gexlo::test {
 namespace {

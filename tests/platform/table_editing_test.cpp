@@ -99,6 +99,16 @@ TEST_F(TableEditing, a_row_that_is_held_by_its_mark_goes_where_it_is_let_go) {
     drag(200, 110);
     EXPECT_EQ(places(), still) << "the last one may not move";
     window.touchCancel();
+
+    rows->told.clear();
+    const auto first = table->cellForRow({0, 0});
+    drag(110, 180);
+    window.touchMoved({200, 112});
+    window.touchUp({200, 112});
+    EXPECT_TRUE(table->dragRow({0, 0}, {0, 0}));
+    EXPECT_FALSE(table->dragRow({0, 2}, {0, 2}));
+    EXPECT_TRUE(rows->told.empty()) << "back where it was";
+    EXPECT_EQ(table->cellForRow({0, 0}), first) << "and nothing is asked for anew";
 }
 
 }  // namespace

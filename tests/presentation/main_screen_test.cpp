@@ -1,4 +1,5 @@
 // The panels around the grid: what they show, and that each frees what it locked.
+#include "platform/views/table_view.h"
 #include "presentation/panels/pd_alert_view.h"
 #include "presentation/panels/pd_loading_view.h"
 #include "support/grid.h"
@@ -74,12 +75,63 @@ TEST_F(MainScreen, the_more_menu_frees_what_it_locked_on_every_exit) {
     tap(part("btnExport"));
     UIWindow::keyWindow().answer(1);
     EXPECT_TRUE(isSeen("GXMoreMenu") && isMenuLocked()) << "neither leaves it";
-    tap(part("btnExport"));
-    post(GX_NOTI_CLOSE_ALL_SUBVIEWS);
-    phone.advance(1);
-    manager().openAddLessonView();
-    UIWindow::keyWindow().answer(0);
-    EXPECT_TRUE(isMenuLocked()) << "a sheet that outlives its menu frees nothing";
+}
+
+TEST_F(MainScreen, what_a_panel_asks_goes_with_it_when_all_close) {
+    GXLessonData& lesson = phone.addSubject("A", {mon(1)});
+    const auto edit = [&] {
+        manager().openEditLessonView(&lesson);
+        phone.advance(1);
+    };
+    const std::pair<const char*, std::function<void()>> questions[] = {
+        {"add room",
+         [&] {
+             edit();
+             tap(part("btnRoom1"));
+         }},
+        {"same room",
+         [&] {
+             edit();
+             for (const char* button : {"btnRoom1", "btnRoom2"}) {
+                 tap(part(button));
+                 UIWindow::keyWindow().answer(1, {"A1"});
+             }
+         }},
+        {"no name",
+         [&] {
+             edit();
+             save("");
+         }},
+        {"remove",
+         [&] {
+             manager().openLessonSelector();
+             part<UITableView>("table").requestDelete({0, 0});
+         }},
+        {"share",
+         [&] {
+             openMoreMenu();
+             tap(part("btnShare", part("GXMoreMenu")));
+         }},
+        {"export",
+         [&] {
+             openMoreMenu();
+             tap(part("btnExport"));
+         }},
+    };
+    UIWindow& window = UIWindow::keyWindow();
+    for (const auto& [name, ask] : questions) {
+        ask();
+        ASSERT_EQ(window.alerts().size(), 1U) << name;
+        // As an import does that is confirmed above it.
+        UIAlert::notice("", "of the application", "OK").show();
+        post(GX_NOTI_CLOSE_ALL_SUBVIEWS);
+        ASSERT_EQ(window.alerts().size(), 1U) << name;
+        EXPECT_EQ(window.alerts().back().message, "of the application") << name;
+        window.answer(0);
+        phone.advance(1);
+    }
+    EXPECT_FALSE(isMenuLocked());
+    EXPECT_EQ(phone.timetable().lessons.count(), 1U);
 }
 
 TEST_F(MainScreen, a_country_writes_its_date_and_a_language_has_its_community) {

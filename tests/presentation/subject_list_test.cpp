@@ -30,6 +30,10 @@ protected:
 TEST_F(SubjectList, rows_that_were_moved_stay_there) {
     EXPECT_EQ(names(), "CBA");
     press("editButton");
+    GXLessonData& top = *phone.manager().lessonListForCurrentTimetable().front();
+    top.sortIndex = 7;
+    EXPECT_TRUE(table().dragRow({0, 0}, {0, 0}));
+    EXPECT_EQ(top.sortIndex.get(), 7) << "nothing was moved, so nothing is written";
     EXPECT_TRUE(table().dragRow({0, 2}, {0, 0}));
     EXPECT_EQ(names(), "ACB");
     relaunch();

@@ -16,4 +16,9 @@ void UIAlert::show() && {
     UIWindow::keyWindow().present(std::move(*this));
 }
 
+void UIAlert::showFor(UIView& view) && {
+    owner = view.weak_from_this();
+    std::move(*this).show();
+}
+
 }  // namespace gexlo

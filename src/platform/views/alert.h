@@ -2,10 +2,13 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace gexlo {
+
+class UIView;
 
 /// Serves what the system knows as alert view, action sheet and alert controller alike.
 struct UIAlert {
@@ -28,12 +31,16 @@ struct UIAlert {
     /// Called with the index of the button once the alert has gone, and with the fields as
     /// they were filled in; absent where nothing follows.
     std::function<void(std::size_t button, const std::vector<Field>& fields)> dismissed;
+    /// With this view, or one above it, the alert goes too, and nothing follows.
+    std::weak_ptr<UIView> owner;
 
     /// An alert of one button after which nothing follows.
     static UIAlert notice(std::string title, std::string message, std::string button);
 
     /// Puts it over the key window, above those that are up.
     void show() &&;
+    /// The same for as long as that view stays.
+    void showFor(UIView& view) &&;
 };
 
 }  // namespace gexlo

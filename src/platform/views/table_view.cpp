@@ -193,6 +193,8 @@ bool UITableView::dragRow(NSIndexPath from, NSIndexPath to) {
     const auto source = source_.lock();
     if (!source || !editing_ || !hasRow(from) || !hasRow(to)) return false;
     if (!source->canMoveRow(*this, from)) return false;
+    // Back where it was, nothing has moved.
+    if (from == to) return true;
     const auto self = shared_from_this();
     source->moveRow(*this, from, to);
     reloadData();
@@ -258,7 +260,7 @@ void UITableView::touchesEnded(CGPoint inWindow) {
     if (lifted_) {
         const LiftedRow lifted = *lifted_;
         touchesCancelled();
-        if (lifted.target != lifted.path) dragRow(lifted.path, lifted.target);
+        dragRow(lifted.path, lifted.target);
         return;
     }
     for (const auto& cell : inSight_) {

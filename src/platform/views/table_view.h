@@ -108,7 +108,7 @@ public:
     bool selectRow(NSIndexPath path);
     /// A swipe, or the mark that editing shows.
     bool requestDelete(NSIndexPath path);
-    /// A drag while editing.
+    /// A drag while editing; one that ends where it began moves nothing.
     bool dragRow(NSIndexPath from, NSIndexPath to);
 
     void touchesBegan(CGPoint inWindow) override;

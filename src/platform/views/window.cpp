@@ -82,6 +82,15 @@ void UIWindow::answer(std::size_t button, const std::vector<std::string>& texts)
     if (alert.dismissed) alert.dismissed(button, alert.fields);
 }
 
+void UIWindow::dropAlertsOf(const UIView& view) {
+    const auto isOfView = [&](const UIAlert& alert) {
+        const auto owner = alert.owner.lock();
+        return owner && owner->isDescendantOf(view);
+    };
+    if (!alerts_.empty() && isOfView(alerts_.back())) ++alertNumber_;
+    if (std::erase_if(alerts_, isOfView) > 0) markChanged();
+}
+
 void UIWindow::setCovered(bool covered) {
     if (covered) touchCancel();
     isCovered_ = covered;
@@ -108,6 +117,7 @@ void UIWindow::setFirstResponder(UITextInput* input) {
 void UIWindow::viewWillLeave(UIView& view) {
     if (firstResponder_ && firstResponder_->isDescendantOf(view)) setFirstResponder(nullptr);
     if (touched() && touched()->isDescendantOf(view)) touchCancel();
+    dropAlertsOf(view);
 }
 
 }  // namespace gexlo

@@ -50,6 +50,8 @@ public:
     /// Takes the topmost alert away, and then tells who presented it. Does nothing for a
     /// button that it has not.
     void answer(std::size_t button, const std::vector<std::string>& texts = {});
+    /// Takes away the alerts of a view and of all under it, for one that closes or leaves.
+    void dropAlertsOf(const UIView& view);
 
     /// While something of the host's lies over all, as a composer, no touch is taken.
     bool isCovered() const { return isCovered_; }

@@ -120,7 +120,7 @@ void GXBottomMenu::edit() {
 }
 
 void GXBottomMenu::share() {
-    showShareSheet(facebookEnabled_);
+    showShareSheet(*this, facebookEnabled_);
 }
 
 void GXBottomMenu::more() {

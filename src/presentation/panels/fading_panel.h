@@ -1,7 +1,7 @@
 // A panel over the whole screen that fades in, and leaves when it has faded out.
 #pragma once
 
-#include "platform/views/view.h"
+#include "platform/views/window.h"
 
 namespace gexlo {
 
@@ -17,11 +17,12 @@ protected:
             if (along) along();
         });
     }
-    /// Takes no touches from here on. A second call does nothing.
+    /// Takes no touches from here on, and its alerts go at once. A second call does nothing.
     void fadeOutAndLeave(double duration) {
         if (leaving_) return;
         leaving_ = true;
         setUserInteractionEnabled(false);
+        UIWindow::keyWindow().dropAlertsOf(*this);
         animateWithDuration(
             duration, [&] { setAlpha(0); },
             [self = shared_from_this()] { self->removeFromSuperview(); });

@@ -117,7 +117,7 @@ void GXMoreMenu::alarmAction() {
 }
 
 void GXMoreMenu::shareAction() {
-    showShareSheet(true);
+    showShareSheet(*this, true);
 }
 
 void GXMoreMenu::exportAction() {
@@ -127,13 +127,13 @@ void GXMoreMenu::exportAction() {
                      {NSLocalizedString("CANCEL_BUTTON"), UIAlert::Button::Style::cancel}};
     sheet.dismissed = [weak = weak_from_this()](std::size_t button, const auto&) {
         const auto self = std::static_pointer_cast<GXMoreMenu>(weak.lock());
-        if (!self || button != 0 || self->isLeaving()) return;
+        if (!self || button != 0) return;
         GXUIManager::manager().openExportView();
         // The mail frees the menu once it is sent or not; where none comes, nothing else would.
         if (!MFMailComposeViewController::canSendMail()) GXUIManager::manager().lockMenu(false);
         self->close();
     };
-    std::move(sheet).show();
+    std::move(sheet).showFor(*this);
 }
 
 }  // namespace gexlo

@@ -22,7 +22,7 @@ constexpr Way kAlbum{"SHARE_SAVE_TO_ALBUM", &MainScreen::saveAlbum};
 
 }  // namespace
 
-void showShareSheet(bool facebookEnabled) {
+void showShareSheet(UIView& menu, bool facebookEnabled) {
     std::vector<Way> ways{kMail, kTwitter};
     if (facebookEnabled) ways.push_back(kFacebook);
     ways.push_back(kAlbum);
@@ -35,7 +35,7 @@ void showShareSheet(bool facebookEnabled) {
         MainScreen* screen = GXUIManager::manager().mainView();
         if (screen && button < ways.size()) (screen->*ways[button].send)();
     };
-    std::move(sheet).show();
+    std::move(sheet).showFor(menu);
 }
 
 }  // namespace gexlo

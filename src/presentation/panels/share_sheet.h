@@ -3,7 +3,10 @@
 
 namespace gexlo {
 
-/// Offers mail, two services and the album, the second service only where it is enabled.
-void showShareSheet(bool facebookEnabled);
+class UIView;
+
+/// Offers mail, two services and the album, the second service only where it is enabled. The
+/// sheet is that of the menu.
+void showShareSheet(UIView& menu, bool facebookEnabled);
 
 }  // namespace gexlo

@@ -269,7 +269,7 @@ void SubjectListView::lessonToBeRemoved(GXLessonData& lesson) {
             self->setListMode();
         }
     };
-    std::move(sheet).show();
+    std::move(sheet).showFor(*this);
 }
 
 void SubjectListView::remove(GXLessonData& lesson) {

@@ -86,8 +86,6 @@ public:
     void setThemeType(NSInteger value) { themeType_ = value; }
 
 private:
-    void takeThemeType();
-
     std::unique_ptr<GXPeriodsController> periodsInfo_;
     NSInteger timetableNo_ = 0;
     std::string timetableName_;

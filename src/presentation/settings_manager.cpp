@@ -1,6 +1,7 @@
-#include "store/settings_manager.h"
+#include "presentation/settings_manager.h"
 
 #include "platform/foundation/device.h"
+#include "presentation/style/theme_manager.h"
 #include "store/entities.h"
 #include "time/periods_controller.h"
 
@@ -40,7 +41,7 @@ void GXSettingsManager::setData(const GXTimetableData& timetable) {
     alphaPeriodsBack_ = timetable.alphaPeriodsBack.get();
     backgroundImageName_ = timetable.backgroundImage.get();
     periodsInfo_ = std::make_unique<GXPeriodsController>(timetable);
-    takeThemeType();
+    themeType_ = GXThemeManager::manager().themeType();
 }
 
 void GXSettingsManager::setPeriodsInfo(std::unique_ptr<GXPeriodsController> periods) {
