@@ -15,6 +15,17 @@
 
 namespace gexlo {
 
+namespace {
+
+/// Where a view and those upon it may be seen, in its parent's coordinates.
+struct Reach {
+    const UIView* view = nullptr;
+    CGRect rect;
+    bool stays = false;  // until something changes
+};
+
+}  // namespace
+
 /// A view that is on the window, with the items of those upon it.
 struct ViewMirror::Node {
     ~Node() {
@@ -26,10 +37,10 @@ struct ViewMirror::Node {
     std::weak_ptr<UIView> view;
     Kind kind = Kind::plain;
     bool isNew = true;
-    bool isSeen = false;          // in the pass under way
-    CGRect sight;                 // of the last pass
-    std::vector<CGRect> reaches;  // of the views upon it
-    bool reachesStay = false;     // until something changes
+    bool isSeen = false;         // in the pass under way
+    CGRect sight;                // of the last pass
+    std::vector<Reach> reaches;  // of the views upon it
+    bool reachesStay = false;
     std::unordered_map<const UIView*, std::unique_ptr<Node>> children;
 
     QQuickItem& contentItem() { return content ? *content : *item; }
@@ -64,9 +75,8 @@ bool isDrawn(const UIView& view) {
     return !view.isHidden() && (view.alpha() > 0 || view.animationDuration() > 0);
 }
 
-/// Where a view and those upon it may be seen, in its parent's coordinates: everywhere as long
-/// as its place is being animated.
-CGRect reach(const UIView& view) {
+/// Everywhere as long as the view's place is being animated.
+CGRect rectOfReach(const UIView& view) {
     static constexpr double kFar = 1e9;
     if (!isDrawn(view)) return {};
     if (view.animationDuration() > 0) return {-kFar, -kFar, 2 * kFar, 2 * kFar};
@@ -74,12 +84,22 @@ CGRect reach(const UIView& view) {
     if (view.clipsToBounds()) return covered;
     const CGPoint offset = view.contentOffset();
     for (const auto& child : view.subviews()) {
-        const CGRect part = reach(*child);
+        const CGRect part = rectOfReach(*child);
         if (part.width <= 0 || part.height <= 0) continue;
         covered =
             covered.united(part.offsetBy({view.frame().x - offset.x, view.frame().y - offset.y}));
     }
     return covered;
+}
+
+void measureReaches(const UIView& view, std::vector<Reach>& reaches) {
+    reaches.resize(view.subviews().size());
+    for (std::size_t i = 0; i < reaches.size(); ++i) {
+        const UIView& child = *view.subviews()[i];
+        const bool stays = !child.hasChanged() && !child.hasChangedBelow();
+        if (stays && reaches[i].stays && reaches[i].view == &child) continue;
+        reaches[i] = {&child, rectOfReach(child), stays};
+    }
 }
 
 }  // namespace
@@ -177,12 +197,8 @@ void ViewMirror::showView(UIView& view, Node& node, const CGRect& sight) {
 void ViewMirror::showChildren(UIView& view, Node& node, const CGRect& sight, bool changed) {
     for (auto& [child, childNode] : node.children)
         childNode->isSeen = false;
-    if (changed || !node.reachesStay) {
-        node.reaches.clear();
-        for (const auto& child : view.subviews())
-            node.reaches.push_back(reach(*child));
-        node.reachesStay = !changed;  // those of what is animated hold for this pass alone
-    }
+    if (changed || !node.reachesStay) measureReaches(view, node.reaches);
+    node.reachesStay = !changed;
     CGRect seen = sight.offsetBy(view.contentOffset());
     // While the content slides, also what passes by on the way.
     if (node.content) seen = seen.united(sight.offsetBy({-node.content->x(), -node.content->y()}));
@@ -192,7 +208,7 @@ void ViewMirror::showChildren(UIView& view, Node& node, const CGRect& sight, boo
         const std::shared_ptr<UIView>& child = view.subviews()[i];
         // While anything moves, what has an item may still be seen on its way out.
         const bool stays = isAnimating() && isDrawn(*child) && node.children.contains(child.get());
-        if (!stays && !node.reaches[i].intersects(seen)) continue;
+        if (!stays && !node.reaches[i].rect.intersects(seen)) continue;
         std::unique_ptr<Node>& childNode = node.children[child.get()];
         const bool isOther = !childNode || !childNode->item || childNode->view.lock() != child;
         if (isOther) childNode = newNode(*child, kindOf(*child), node.contentItem());
