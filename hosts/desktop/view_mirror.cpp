@@ -15,6 +15,17 @@
 
 namespace gexlo {
 
+namespace {
+
+/// Where a view and those upon it may be seen, in its parent's coordinates.
+struct Reach {
+    const UIView* view = nullptr;
+    CGRect rect;
+    bool stays = false;  // until something changes
+};
+
+}  // namespace
+
 /// A view that is on the window, with the items of those upon it.
 struct ViewMirror::Node {
     ~Node() {
@@ -26,7 +37,10 @@ struct ViewMirror::Node {
     std::weak_ptr<UIView> view;
     Kind kind = Kind::plain;
     bool isNew = true;
-    bool isSeen = false;  // in the pass under way
+    bool isSeen = false;         // in the pass under way
+    CGRect sight;                // of the last pass
+    std::vector<Reach> reaches;  // of the views upon it
+    bool reachesStay = false;
     std::unordered_map<const UIView*, std::unique_ptr<Node>> children;
 
     QQuickItem& contentItem() { return content ? *content : *item; }
@@ -57,12 +71,35 @@ QString spokenNameWithin(const UIView& view) {
     return own.isEmpty() && view.superview() ? spokenNameOf(*view.superview()) : own;
 }
 
-bool isMoving(const QQuickItem& item) {
-    return !item.findChildren<QPropertyAnimation*>(Qt::FindDirectChildrenOnly).isEmpty();
-}
-
 bool isDrawn(const UIView& view) {
     return !view.isHidden() && (view.alpha() > 0 || view.animationDuration() > 0);
+}
+
+/// Everywhere as long as the view's place is being animated.
+CGRect rectOfReach(const UIView& view) {
+    static constexpr double kFar = 1e9;
+    if (!isDrawn(view)) return {};
+    if (view.animationDuration() > 0) return {-kFar, -kFar, 2 * kFar, 2 * kFar};
+    CGRect covered = view.frame();
+    if (view.clipsToBounds()) return covered;
+    const CGPoint offset = view.contentOffset();
+    for (const auto& child : view.subviews()) {
+        const CGRect part = rectOfReach(*child);
+        if (part.width <= 0 || part.height <= 0) continue;
+        covered =
+            covered.united(part.offsetBy({view.frame().x - offset.x, view.frame().y - offset.y}));
+    }
+    return covered;
+}
+
+void measureReaches(const UIView& view, std::vector<Reach>& reaches) {
+    reaches.resize(view.subviews().size());
+    for (std::size_t i = 0; i < reaches.size(); ++i) {
+        const UIView& child = *view.subviews()[i];
+        const bool stays = !child.hasChanged() && !child.hasChangedBelow();
+        if (stays && reaches[i].stays && reaches[i].view == &child) continue;
+        reaches[i] = {&child, rectOfReach(child), stays};
+    }
 }
 
 }  // namespace
@@ -91,6 +128,7 @@ void ViewMirror::setScale(double scale) {
 
 void ViewMirror::synchronize(UIView& root) {
     showView(root, *root_, root.frame());
+    root.changesWereRead();
     everythingChanged_ = false;
 }
 
@@ -142,43 +180,46 @@ std::unique_ptr<ViewMirror::Node> ViewMirror::newNode(UIView& view, Kind kind, Q
     return node;
 }
 
-bool ViewMirror::showView(UIView& view, Node& node, const CGRect& sight) {
-    const bool changed = node.isNew || everythingChanged_ || view.hasChanged();
-    if (changed) {
+void ViewMirror::showView(UIView& view, Node& node, const CGRect& sight) {
+    const bool looksChanged = node.isNew || everythingChanged_ || view.hasChanged();
+    if (looksChanged) {
         place(view, node);
         showLooks(view, node);
     }
     node.isNew = false;
-    showChildren(view, node, sight);
-    view.changesWereRead();
-    return true;
+    const bool changed = looksChanged || view.hasChangedBelow();
+    if (changed || sight != node.sight) showChildren(view, node, sight, changed);
+    node.sight = sight;
 }
 
-/// `sight` is what can be seen of the view's own coordinates.
-void ViewMirror::showChildren(UIView& view, Node& node, const CGRect& sight) {
+/// `sight` is what can be seen of the view's own coordinates; `changed` says whether the view or
+/// one below it did since the last pass.
+void ViewMirror::showChildren(UIView& view, Node& node, const CGRect& sight, bool changed) {
     for (auto& [child, childNode] : node.children)
         childNode->isSeen = false;
-    const CGPoint offset = view.contentOffset();
+    if (changed || !node.reachesStay) measureReaches(view, node.reaches);
+    node.reachesStay = !changed;
+    CGRect seen = sight.offsetBy(view.contentOffset());
+    // While the content slides, also what passes by on the way.
+    if (node.content) seen = seen.united(sight.offsetBy({-node.content->x(), -node.content->y()}));
     QQuickItem* below = nullptr;
-    for (const auto& child : view.subviews()) {
-        if (!isDrawn(*child)) continue;
-        const CGRect frame = child->frame().offsetBy({-offset.x, -offset.y});
-        const auto found = node.children.find(child.get());
-        const bool moves =
-            child->animationDuration() > 0 ||
-            (found != node.children.end() && found->second->item && isMoving(*found->second->item));
-        if (!moves && child->clipsToBounds() && !frame.intersects(sight)) continue;
-        if (!moves && child->subviews().empty() && !frame.intersects(sight)) continue;
-        const Kind kind = kindOf(*child);
+    bool isOrdered = !changed;
+    for (std::size_t i = 0; i < node.reaches.size(); ++i) {
+        const std::shared_ptr<UIView>& child = view.subviews()[i];
+        // While anything moves, what has an item may still be seen on its way out.
+        const bool stays = isAnimating() && isDrawn(*child) && node.children.contains(child.get());
+        if (!stays && !node.reaches[i].rect.intersects(seen)) continue;
         std::unique_ptr<Node>& childNode = node.children[child.get()];
-        const bool isOther = !childNode || !childNode->item || childNode->kind != kind ||
-                             childNode->view.lock() != child;
-        if (isOther) childNode = newNode(*child, kind, node.contentItem());
+        const bool isOther = !childNode || !childNode->item || childNode->view.lock() != child;
+        if (isOther) childNode = newNode(*child, kindOf(*child), node.contentItem());
         childNode->isSeen = true;
-        CGRect within = sight.offsetBy({-frame.x, -frame.y});
+        isOrdered = isOrdered && !isOther;
+        const CGRect& frame = child->frame();
+        CGRect within = seen.offsetBy({-frame.x, -frame.y});
         if (child->clipsToBounds()) within = within.intersection(child->bounds());
         showView(*child, *childNode, within);
-        if (below) childNode->item->stackAfter(below);
+        if (changed || isOther) speakFor(*child, *childNode);
+        if (below && !isOrdered) childNode->item->stackAfter(below);
         below = childNode->item;
     }
     std::erase_if(node.children, [](const auto& entry) { return !entry.second->isSeen; });
@@ -186,8 +227,10 @@ void ViewMirror::showChildren(UIView& view, Node& node, const CGRect& sight) {
 
 void ViewMirror::animate(QQuickItem& item, const char* property, double target, double seconds) {
     // A move under way gives way to the new one, from where it has come to.
-    for (auto* running : item.findChildren<QPropertyAnimation*>(Qt::FindDirectChildrenOnly)) {
-        if (running->propertyName() == property) delete running;
+    if (isAnimating()) {
+        for (auto* running : item.findChildren<QPropertyAnimation*>(Qt::FindDirectChildrenOnly)) {
+            if (running->propertyName() == property) delete running;
+        }
     }
     if (item.property(property).toDouble() == target) return;
     if (seconds <= 0) {
@@ -223,12 +266,16 @@ void ViewMirror::place(UIView& view, Node& node) {
 
 void ViewMirror::showLooks(UIView& view, Node& node) {
     if (auto* input = dynamic_cast<UITextInput*>(&view)) return showText(*input, node);
-    ViewItem& item = *node.viewItem();
-    item.show(view, painter_, scale_);
+    node.viewItem()->show(view, painter_, scale_);
+}
+
+/// A view may speak for those around it, so it does so anew when one of them changes.
+void ViewMirror::speakFor(const UIView& view, Node& node) {
     if (node.kind != Kind::touchable) return;
     const auto* control = dynamic_cast<const UIControl*>(&view);
-    item.setEnabled(!control || control->isEnabled());
-    item.setSpoken(QAccessible::Button, spokenNameWithin(view), control && control->isSelected());
+    node.item->setEnabled(!control || control->isEnabled());
+    node.viewItem()->setSpoken(QAccessible::Button, spokenNameWithin(view),
+                               control && control->isSelected());
 }
 
 void ViewMirror::showText(UITextInput& input, Node& node) {

@@ -45,9 +45,10 @@ private:
 
     static Kind kindOf(const UIView& view);
     std::unique_ptr<Node> newNode(UIView& view, Kind kind, QQuickItem& parent);
-    void showChildren(UIView& view, Node& node, const CGRect& sight);
-    bool showView(UIView& view, Node& node, const CGRect& sight);
+    void showView(UIView& view, Node& node, const CGRect& sight);
+    void showChildren(UIView& view, Node& node, const CGRect& sight, bool changed);
     void showLooks(UIView& view, Node& node);
+    void speakFor(const UIView& view, Node& node);
     void showText(UITextInput& input, Node& node);
     void place(UIView& view, Node& node);
     void animate(QQuickItem& item, const char* property, double target, double seconds);

@@ -10,12 +10,6 @@ namespace gexlo {
 
 namespace {
 
-CGRect united(const CGRect& left, const CGRect& right) {
-    const double x = std::min(left.x, right.x);
-    const double y = std::min(left.y, right.y);
-    return {x, y, std::max(left.maxX(), right.maxX()) - x, std::max(left.maxY(), right.maxY()) - y};
-}
-
 /// All that a view covers with those upon it.
 CGRect extent(const UIView& view, const CGRect& frame) {
     CGRect covered = frame;
@@ -23,7 +17,7 @@ CGRect extent(const UIView& view, const CGRect& frame) {
     const CGPoint offset = view.contentOffset();
     for (const auto& child : view.subviews()) {
         const CGPoint origin{frame.x - offset.x, frame.y - offset.y};
-        covered = united(covered, extent(*child, child->frame().offsetBy(origin)));
+        covered = covered.united(extent(*child, child->frame().offsetBy(origin)));
     }
     return covered;
 }

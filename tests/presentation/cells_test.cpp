@@ -163,7 +163,7 @@ TEST(Blocks, merging_gives_what_the_scan_gives_on_random_placements) {
             slot = {below(2), below(2), axis.number(below(8)), &rooms[below(4)]};
             if (below(9) == 0) slot.room = nullptr;
         }
-        std::ranges::stable_sort(list, {}, orderKey);
+        std::ranges::stable_sort(list, comesBefore);
         for (NSInteger i = 0; i < 4 * axis.count(); ++i) {
             const NSInteger week = i % 2, day = i / 2 % 2, row = i / 4;
             const auto at = placementOn(list, week, day, axis.number(row));

@@ -43,6 +43,13 @@ struct CGRect {
         return {left, top, std::max(0.0, std::min(maxX(), other.maxX()) - left),
                 std::max(0.0, std::min(maxY(), other.maxY()) - top)};
     }
+    /// The smallest that holds both.
+    CGRect united(const CGRect& other) const {
+        const double left = std::min(x, other.x);
+        const double top = std::min(y, other.y);
+        return {left, top, std::max(maxX(), other.maxX()) - left,
+                std::max(maxY(), other.maxY()) - top};
+    }
     CGRect offsetBy(CGPoint distance) const {
         return {x + distance.x, y + distance.y, width, height};
     }

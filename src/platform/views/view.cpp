@@ -1,6 +1,7 @@
 #include "platform/views/view.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/foundation/device.h"
 #include "platform/views/window.h"
@@ -156,8 +157,10 @@ void UIView::markChanged() {
 
 void UIView::changesWereRead() {
     changed_ = false;
-    changedBelow_ = false;
     animationDuration_ = 0;
+    if (!std::exchange(changedBelow_, false)) return;
+    for (const auto& view : subviews_)
+        view->changesWereRead();
 }
 
 void UIView::animateWithDuration(double duration, const std::function<void()>& changes,

@@ -129,6 +129,7 @@ public:
     bool hasChangedBelow() const { return changedBelow_; }
     /// Seconds that the host may take to show the last change.
     double animationDuration() const { return animationDuration_; }
+    /// Of the view and all below it.
     void changesWereRead();
 
     // MARK: animations

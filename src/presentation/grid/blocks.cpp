@@ -33,9 +33,8 @@ float PeriodAxis::number(NSInteger index) const {
 
 std::optional<std::size_t> placementOn(std::span<const PlacedSlot> placements, NSInteger week,
                                        NSInteger day, float period) {
-    const auto behind = std::upper_bound(
-        placements.begin(), placements.end(), orderKey({week, day, period}),
-        [](std::uint64_t key, const PlacedSlot& slot) { return key < orderKey(slot); });
+    const auto behind = std::upper_bound(placements.begin(), placements.end(),
+                                         PlacedSlot{week, day, period}, comesBefore);
     if (behind == placements.begin()) return std::nullopt;
     const PlacedSlot& last = *(behind - 1);
     if (last.week != week || last.day != day || last.period != period) return std::nullopt;

@@ -1,12 +1,10 @@
 // How placements of one subject merge into blocks.
 #pragma once
 
-#include <algorithm>
-#include <bit>
-#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "platform/foundation/types.h"
@@ -22,18 +20,10 @@ struct PlacedSlot {
     const std::string* room = nullptr;
 };
 
-/// The order of a subject's placements, by week, day and period, as a number of 40 bits.
-/// Weeks and days that no grid shows count as the nearest beyond those it does.
-inline std::uint64_t orderKey(const PlacedSlot& slot) {
-    const auto part = [](NSInteger value) {
-        return static_cast<std::uint64_t>(std::clamp<NSInteger>(value, -1, 14) + 1);
-    };
-    // The bits of a float are in its order once the sign is turned round; adding zero makes
-    // one of the two zeros.
-    constexpr std::uint32_t sign = 0x80000000;
-    const auto bits = std::bit_cast<std::uint32_t>(slot.period + 0.0F);
-    const std::uint32_t period = bits & sign ? ~bits : bits | sign;
-    return part(slot.week) << 36 | part(slot.day) << 32 | period;
+/// The order of a subject's placements.
+inline bool comesBefore(const PlacedSlot& left, const PlacedSlot& right) {
+    return std::tie(left.week, left.day, left.period) <
+           std::tie(right.week, right.day, right.period);
 }
 
 /// The rows of the grid by their numbers.

@@ -36,26 +36,22 @@ const RoomRow& roomRow(double height) {
 }  // namespace
 
 SharedPlacements sortedPlacements(const std::vector<GXDayNPeriodData*>& rows) {
-    // Numbers sort fastest: the key with the place behind it, so that equals keep their order.
-    constexpr int placeBits = 24;
-    constexpr std::uint64_t placeMask = (std::uint64_t{1} << placeBits) - 1;
-    std::vector<PlacedSlot> slots;
-    std::vector<std::uint64_t> order;
-    slots.reserve(rows.size());
+    std::vector<std::pair<PlacedSlot, GXDayNPeriodData*>> order;
     order.reserve(rows.size());
-    for (const GXDayNPeriodData* row : rows) {
-        slots.push_back({row->week.get(), row->day.get(), row->period.get(),
-                         row->room.isSet() ? &row->room.get() : nullptr});
-        order.push_back(orderKey(slots.back()) << placeBits | order.size());
+    for (GXDayNPeriodData* row : rows) {
+        order.push_back({{row->week.get(), row->day.get(), row->period.get(),
+                          row->room.isSet() ? &row->room.get() : nullptr},
+                         row});
     }
-    // Merging is what placements mostly in order are quickest with.
-    std::stable_sort(order.begin(), order.end());
+    std::stable_sort(order.begin(), order.end(), [](const auto& left, const auto& right) {
+        return comesBefore(left.first, right.first);
+    });
     auto placements = std::make_shared<Placements>();
     placements->slots.reserve(rows.size());
     placements->rows.reserve(rows.size());
-    for (const std::uint64_t key : order) {
-        placements->slots.push_back(slots[key & placeMask]);
-        placements->rows.push_back(rows[key & placeMask]);
+    for (const auto& [slot, row] : order) {
+        placements->slots.push_back(slot);
+        placements->rows.push_back(row);
     }
     return placements;
 }
@@ -73,8 +69,6 @@ protected:
 
 GXCellView::GXCellView(CGRect frame, const Slot& slot, GXCellViewDelegate& delegate)
     : UIView(frame, 6),
-      slot_(slot),
-      singleSize_(frame.size()),
       delegate_(delegate),
       labelSubject_(addLabel("labelSubject")),
       labelRoom_(addLabel("labelRoom")),
@@ -83,7 +77,26 @@ GXCellView::GXCellView(CGRect frame, const Slot& slot, GXCellViewDelegate& deleg
       shadowMask_(addMask("shadowMask", UIColor::colorWithWhite(0, 0.5F))),
       button_(add<Button>(bounds())) {
     button_.setAccessibilityIdentifier("button");
+    reset(frame, slot);
+}
+
+void GXCellView::reset(CGRect frame, const Slot& slot) {
+    slot_ = slot;
+    singleSize_ = frame.size();
+    lesson_ = nullptr;
+    dayNPeriod_ = nullptr;
+    numBlocks_ = 0;
+    hiddenCell_ = false;
+    state_ = State::normal;
+    setHidden(false);
+    setSize(singleSize_);
+    setFrame(frame);
+    clearLooks();
+    setFontColor(UIColor::blackColor());
+    labelRoom_.setFont(UIFont::systemFontOfSize(10));
     layOutLabelsSimply();
+    for (UIView* mask : {&blackMask_, &whiteMask_, &shadowMask_})
+        mask->setHidden(true);
 }
 
 UILabel& GXCellView::addLabel(const char* identifier) {
@@ -128,6 +141,7 @@ void GXCellView::setRoom(const std::string& room) {
 // MARK: sizes
 
 void GXCellView::setSize(CGSize size) {
+    if (size == frame().size()) return;
     setFrame({frame().x, frame().y, size.width, size.height});
     for (UIView* over : {&blackMask_, &whiteMask_, &shadowMask_, static_cast<UIView*>(&button_)})
         over->setFrame(bounds());

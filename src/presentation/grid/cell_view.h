@@ -53,6 +53,9 @@ public:
     };
 
     GXCellView(CGRect frame, const Slot& slot, GXCellViewDelegate& delegate);
+    /// Empties the cell, as a new one, and puts it there: a grid that is filled anew builds only
+    /// the cells that it has not.
+    void reset(CGRect frame, const Slot& slot);
     const char* className() const override { return "GXCellView"; }
 
     const Slot& slot() const { return slot_; }
@@ -113,7 +116,7 @@ private:
     void layOutLabelsSimply();
     void sizeUpdate();
 
-    Slot slot_;
+    Slot slot_{};
     CGSize singleSize_;
     GXCellViewDelegate& delegate_;    // hands on what a cell hears, so it is there when asked
     GXLessonData* lesson_ = nullptr;  // of the store's context, which keeps its objects

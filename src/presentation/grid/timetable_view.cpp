@@ -50,7 +50,6 @@ void GXTimetableView::observe() {
         return [this, handle](const NSNotification& notification) {
             for (const auto& cell : classCells_)
                 handle(*cell, notification);
-            taken_.assign(taken_.size(), false);
         };
     };
     const auto forEveryCell = [&](void (GXCellView::*handler)()) {
@@ -102,32 +101,36 @@ void GXTimetableView::update(const GridGeometry& grid, const GridLooks& looks,
     borderView_->setBackgroundColor(looks.background);
 }
 
-void GXTimetableView::addLine(CGRect frame, NSInteger tag, UIColor color) {
-    auto line = std::make_shared<UIView>(frame);
-    line->setTag(tag);
-    line->setBackgroundColor(color);
-    line->setUserInteractionEnabled(false);
-    if (tag != kDayLineTag) segments_.emplace_back(tag, line.get());
-    borderView_->addSubview(std::move(line));
+void GXTimetableView::setLine(std::size_t number, CGRect frame, NSInteger tag, UIColor color) {
+    if (number == borderView_->subviews().size()) {
+        borderView_->add<UIView>().setUserInteractionEnabled(false);
+    }
+    UIView& line = *borderView_->subviews()[number];
+    line.setFrame(frame);
+    line.setTag(tag);
+    line.setBackgroundColor(color);
+    line.setHidden(false);
+    if (tag != kDayLineTag) segments_.emplace_back(tag, &line);
 }
 
 void GXTimetableView::setBorder(const GXPeriodsController& periods) {
-    segments_.clear();
-    borderView_->removeAllSubviews();
     borderView_->setFrame(grid_.borderRect());
     const auto lines = static_cast<std::size_t>(grid_.numDays * (grid_.numPeriods + 1));
+    if (borderView_->subviews().size() > lines) borderView_->removeAllSubviews();
     borderView_->reserveSubviews(lines);
+    segments_.clear();
     segments_.reserve(lines);
     const auto segmentColor = [&](int period) {
         if (!looks_.useHalfPeriods || period == grid_.numPeriods) return looks_.border;
         const GXPeriod& behind = *periods.period_week(period, 0);
         return behind.isHalf || behind.isBreak ? looks_.borderHalf : looks_.border;
     };
+    std::size_t line = 0;
     for (int number = 1; number <= grid_.numDays; ++number) {
-        addLine(grid_.dayLineRect(number), kDayLineTag, looks_.border);
+        setLine(line++, grid_.dayLineRect(number), kDayLineTag, looks_.border);
         const int day = grid_.dayAt(number - 1);
         for (int period = 1; period <= grid_.numPeriods; ++period) {
-            addLine(grid_.periodSegmentRect(number, period), segmentTag(day, period),
+            setLine(line++, grid_.periodSegmentRect(number, period), segmentTag(day, period),
                     segmentColor(period));
         }
     }
@@ -153,46 +156,58 @@ void GXTimetableView::setPeriods(const GXPeriodsController& periods) {
                           .useSameClasshours = looks_.useSameClasshours});
 }
 
-std::shared_ptr<GXCellView> GXTimetableView::newCell(int index, int day, NSInteger period) {
-    const GXCellView::Slot slot{.week = weekNo_,
-                                .day = day,
-                                .periodIndex = period,
-                                .periodNo = axis_.number(period),
-                                .numDays = grid_.numDays,
-                                .daysOnLeft = grid_.daysOnLeft};
-    auto cell =
-        std::make_shared<GXCellView>(grid_.cellRect(index, static_cast<int>(period)), slot, *this);
-    cell->setAccessibilityIdentifier("cell_" + std::to_string(weekNo_) + "_" + std::to_string(day) +
-                                     "_" + std::to_string(period));
-    cell->setSubjectTextSize(looks_.subjectTextSize);
+GXCellView::Slot GXTimetableView::slotAt(int day, NSInteger period) const {
+    return {.week = weekNo_,
+            .day = day,
+            .periodIndex = period,
+            .periodNo = axis_.number(period),
+            .numDays = grid_.numDays,
+            .daysOnLeft = grid_.daysOnLeft};
+}
+
+/// Puts a cell at its slot, one that is there or, for a number one beyond them, a new one.
+GXCellView& GXTimetableView::setCell(std::size_t number, int index, int day, NSInteger period) {
+    const CGRect frame = grid_.cellRect(index, static_cast<int>(period));
+    const GXCellView::Slot slot = slotAt(day, period);
+    if (number < classCells_.size()) {
+        classCells_[number]->reset(frame, slot);
+    } else {
+        classCells_.push_back(std::make_shared<GXCellView>(frame, slot, *this));
+        cellBaseView_->addSubview(classCells_.back());
+    }
+    GXCellView& cell = *classCells_[number];
+    cell.setAccessibilityIdentifier("cell_" + std::to_string(weekNo_) + "_" + std::to_string(day) +
+                                    "_" + std::to_string(period));
+    cell.setSubjectTextSize(looks_.subjectTextSize);
     return cell;
 }
 
 void GXTimetableView::setLessonCells(const GXPeriodsController& periods) {
-    clearLessonCells();
-    cellBaseView_->setFrame(grid_.cellBaseRect());
     const NSInteger rows = periods.numPeriods();
-    classCells_.reserve(static_cast<std::size_t>(grid_.numDays * rows));
-    cellBaseView_->reserveSubviews(classCells_.capacity());
+    const auto cells = static_cast<std::size_t>(grid_.numDays * rows);
+    // Cells serve again unless somebody besides the grid holds one, as a finger on it does.
+    const bool areFree = std::all_of(classCells_.begin(), classCells_.end(),
+                                     [](const auto& cell) { return cell.use_count() == 2; });
+    if (classCells_.size() > cells || !areFree) clearLessonCells();
+    cellBaseView_->setFrame(grid_.cellBaseRect());
+    classCells_.reserve(cells);
+    cellBaseView_->reserveSubviews(cells);
+    std::size_t number = 0;
     for (int index = 0; index < grid_.numDays; ++index) {
-        for (NSInteger period = 0; period < rows; ++period) {
-            classCells_.push_back(newCell(index, grid_.dayAt(index), period));
-            cellBaseView_->addSubview(classCells_.back());
-        }
+        for (NSInteger period = 0; period < rows; ++period)
+            setCell(number++, index, grid_.dayAt(index), period);
     }
-    taken_.assign(classCells_.size(), false);
 }
 
 void GXTimetableView::clearLessonCells() {
     classCells_.clear();
-    taken_.clear();
     cellBaseView_->removeAllSubviews();
 }
 
 void GXTimetableView::setLessons(GXLessonData& lesson, const Placements& placements) {
     const NSInteger rows = axis_.count();
     // A grid that is cleared, or an image, has not a cell for every slot, and takes in nothing.
-    if (taken_.size() != static_cast<std::size_t>(grid_.numDays * rows)) return;
+    if (classCells_.size() != static_cast<std::size_t>(grid_.numDays * rows)) return;
     for (const PlacedSlot& slot : placements.slots) {
         if (slot.week != weekNo_ || slot.day < 0 || slot.day > 6) continue;
         const NSInteger row = axis_.indexOf(slot.period);
@@ -200,10 +215,8 @@ void GXTimetableView::setLessons(GXLessonData& lesson, const Placements& placeme
         // A grid of eight days shows its first one twice.
         for (int index = grid_.dayIndex(static_cast<int>(slot.day)); index < grid_.numDays;
              index += 7) {
-            const auto place = static_cast<std::size_t>(index * rows + row);
-            if (taken_[place]) continue;
-            classCells_[place]->setLessonsWithData(lesson, placements);
-            taken_[place] = classCells_[place]->lesson() != nullptr;
+            classCells_[static_cast<std::size_t>(index * rows + row)]->setLessonsWithData(
+                lesson, placements);
         }
     }
 }
@@ -228,10 +241,8 @@ void GXTimetableView::setLessonCellsFromCells(std::span<const std::shared_ptr<GX
         const GXCellView& shown = *cells[i];
         if (!shown.lesson() || shown.numBlocks() < 1 || shown.isHidden()) continue;
         const auto index = static_cast<int>(static_cast<NSInteger>(i) / rows);
-        auto cell = newCell(index, shown.slot().day, shown.slot().periodIndex);
-        cellBaseView_->addSubview(cell);
-        classCells_.push_back(cell);
-        cell->copyLooksFrom(shown);
+        setCell(classCells_.size(), index, shown.slot().day, shown.slot().periodIndex)
+            .copyLooksFrom(shown);
     }
 }
 

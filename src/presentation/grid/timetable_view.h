@@ -34,7 +34,7 @@ public:
     explicit GXTimetableView(int weekNo);
     const char* className() const override { return "GXTimetableView"; }
 
-    /// Builds everything anew, with empty cells.
+    /// Everything as if built anew, with empty cells.
     void update(const GridGeometry& grid, const GridLooks& looks,
                 const GXPeriodsController& periods);
     /// The same for an image of another week's grid, cells included.
@@ -60,8 +60,9 @@ private:
     static constexpr NSInteger kRepaintedTag = 99;
 
     void observe();
-    void addLine(CGRect frame, NSInteger tag, UIColor color);
-    std::shared_ptr<GXCellView> newCell(int index, int day, NSInteger period);
+    void setLine(std::size_t number, CGRect frame, NSInteger tag, UIColor color);
+    GXCellView::Slot slotAt(int day, NSInteger period) const;
+    GXCellView& setCell(std::size_t number, int index, int day, NSInteger period);
     /// Hands a subject to the cells that its placements stand on.
     void setLessons(GXLessonData& lesson, const Placements& placements);
 
@@ -73,9 +74,6 @@ private:
     std::shared_ptr<GXPeriodsView> periodsView_;
     std::shared_ptr<UIView> cellBaseView_;
     std::vector<std::shared_ptr<GXCellView>> classCells_;
-    // By cell, while the grid is being filled: the first subject keeps a slot, so that cells
-    // which have one need not be asked again.
-    std::vector<bool> taken_;
     std::vector<std::pair<NSInteger, UIView*>> segments_;  // of the border view, by tag
     std::vector<NotificationToken> tokens_;
 };
