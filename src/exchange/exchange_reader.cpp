@@ -15,9 +15,8 @@ namespace {
 
 // What no timetable comes near, and a grid still bears.
 constexpr NSInteger kGridLimit = 100;     // days, periods, weeks, hours, minutes, sizes
-constexpr NSInteger kNumberLimit = 1000;  // colours, kinds, counts
+constexpr NSInteger kNumberLimit = 1000;  // colours, kinds
 constexpr double kDateLimit = 1e11;       // seconds: three thousand years
-constexpr std::size_t kMostLessons = 500;
 
 NSInteger gridNumber(ForeignRow& row) {
     return row.integer(-kGridLimit, kGridLimit);
@@ -30,6 +29,12 @@ float version(ForeignRow& row) {
     constexpr double highest = std::numeric_limits<float>::max();
     const double number = row.real(std::numeric_limits<double>::infinity());
     return static_cast<float>(std::clamp(number, -highest, highest));
+}
+/// Of absences, each of which becomes a record.
+NSInteger count(ForeignRow& row, ExchangeBounds& bounds) {
+    const NSInteger number = row.integer(-kNumberLimit, ExchangeBounds::kMostRows);
+    bounds.takeRows(number);
+    return number;
 }
 double period(ForeignRow& row) {
     return row.real(static_cast<double>(kGridLimit));
@@ -132,7 +137,8 @@ private:
 
     void readLessons(ExchangeTimetable& timetable) {
         database_.forEachRow(statement(kSelectLessons), {timetableId_}, [&](ForeignRow& row) {
-            if (timetable.lessons.size() == kMostLessons) return database_.leaveBounds();
+            database_.bounds().takeLesson();
+            if (!database_.isWithinBounds()) return;
             ExchangeLesson& lesson = timetable.lessons.emplace_back();
             const NSInteger id = row.identifier();
             lesson.name = row.text();
@@ -142,11 +148,8 @@ private:
             lesson.color = row.text();
             lesson.colorAlpha = row.real(static_cast<double>(kNumberLimit));
             lesson.fontColor = row.text();
-            lesson.absenceCount = number(row);
-            lesson.latenessCount = number(row);
-            // Each becomes a record of attendance.
-            database_.takeRows(lesson.absenceCount);
-            database_.takeRows(lesson.latenessCount);
+            lesson.absenceCount = count(row, database_.bounds());
+            lesson.latenessCount = count(row, database_.bounds());
             row.skip();  // timetableID
             if (isThird()) {
                 lesson.rgbRed = number(row);

@@ -9,6 +9,7 @@
 #include <type_traits>
 #include <variant>
 
+#include "exchange/exchange_bounds.h"
 #include "exchange/exchange_format.h"
 #include "platform/foundation/device.h"
 #include "platform/foundation/log.h"
@@ -39,6 +40,10 @@ public:
     requires std::is_arithmetic_v<Number> Value(const Attribute<Number>& number)
         : Value(number.get()) {}
 
+    std::size_t textSize() const {
+        const auto* text = std::get_if<const std::string*>(&value_);
+        return text && *text ? (*text)->size() : 0;
+    }
     void bind(sqlite3_stmt* statement, int place) const {
         if (const auto* number = std::get_if<sqlite3_int64>(&value_)) {
             sqlite3_bind_int64(statement, place, *number);
@@ -131,8 +136,8 @@ public:
         writeLessons(timetable);
         writeItems(kInsertHomework, byGenDate(timetable.homework), kNoOwner, kTimetableId);
         writeItems(kInsertExam, byGenDate(timetable.exam), kNoOwner, kTimetableId);
-        if (hasFailed_) error = ExportError::cannotWrite;
-        return true;
+        if (hasFailed_ || !bounds_.areKept()) error = ExportError::cannotWrite;
+        return bounds_.areKept();
     }
 
 private:
@@ -140,6 +145,10 @@ private:
     enum class Insert { done, failed, unprepared };
 
     Insert insert(const char* sql, std::initializer_list<Value> values) {
+        bounds_.takeRows(1);
+        for (const Value& value : values)
+            bounds_.takeText(value.textSize());
+        if (!bounds_.areKept()) return Insert::failed;
         sqlite3_stmt* statement = statements_.statement(database_.get(), sql);
         if (!statement) return Insert::unprepared;
         int place = 0;
@@ -184,6 +193,9 @@ private:
     void writeLessons(const GXTimetableData& timetable) {
         int id = 0;
         for (const GXLessonData* lesson : sortedBy(&GXLessonData::id, timetable.lessons)) {
+            bounds_.takeLesson();
+            bounds_.takeRows(lesson->absenceCount.get());
+            bounds_.takeRows(lesson->latenessCount.get());
             const Insert inserted = insert(
                 kInsertLesson,
                 {id, lesson->name, lesson->room1, lesson->room2, lesson->room3, lesson->color,
@@ -223,6 +235,7 @@ private:
 
     Database database_;
     StatementCache statements_;  // ends before the database
+    ExchangeBounds bounds_;
     bool isOpen_ = false;
     bool hasFailed_ = false;
 };

@@ -18,7 +18,8 @@ enum class ExportError : std::int32_t {
 };
 
 /// Writes the file anew; whether it is whole enough to be sent. A row of a subject or item that
-/// cannot be written sets the error and is left out.
+/// cannot be written sets the error and is left out. What no reader would take in whole is not
+/// sent at all: it fails as one that cannot be written.
 [[nodiscard]] bool writeExchangeFile(const GXTimetableData& timetable, const NSURL& path,
                                      ExportError& error);
 

@@ -13,13 +13,11 @@ namespace gexlo {
 
 namespace {
 
-// A full timetable has some 1,500 rows and 100 kB of text.
-constexpr std::size_t kLargestFile = 16U << 20;  // bytes
-constexpr NSInteger kMostRows = 60'000;          // each counts by its keys and once more
-constexpr std::size_t kMostText = 8U << 20;      // bytes, of all texts
-constexpr int kLongestValue = 1 << 18;           // bytes, of a text or a row
-constexpr int kLongestKey = 32;                  // bytes, of a number written as text
-constexpr int kLongestDefinition = 10'000;       // bytes, of a table or an index
+// As large as all texts and rows within the bounds make one.
+constexpr std::size_t kLargestFile = 96U << 20;                                  // bytes
+constexpr int kLongestRow = static_cast<int>(ExchangeBounds::kMostText) + 4096;  // bytes
+constexpr int kLongestKey = 256;            // bytes, of one that is a text
+constexpr int kLongestDefinition = 10'000;  // bytes, of a table or an index
 constexpr int kMostColumns = 100;
 // What SQLite may do, in steps of its machine: about a second.
 constexpr int kStepsAtOnce = 1'000;
@@ -27,21 +25,15 @@ constexpr int kMostSteps = 50'000'000;
 constexpr int kMostSchemaSteps = 10'000;
 constexpr int kStepsOfPage = 40;  // as long as it takes to find a page
 
-/// A table, and the columns by which its rows are found.
+/// A table, and the column that tells whose its rows are, if any.
 struct Table {
     const char* name;
-    std::initializer_list<const char*> keys;
+    const char* owner;
 };
 const Table kTables[] = {
-    {"data_info", {}},
-    {"timetable", {}},
-    {"classhour", {"timetableID"}},
-    {"lesson", {"timetableID"}},
-    {"professor", {"lessonID"}},
-    {"classes", {"lessonID"}},
-    {"memo", {"lessonID"}},
-    {"homework", {"lessonID", "timetableID"}},
-    {"exam", {"lessonID", "timetableID"}},
+    {"data_info", nullptr},    {"timetable", nullptr},    {"classhour", "timetableID"},
+    {"lesson", "timetableID"}, {"professor", "lessonID"}, {"classes", "lessonID"},
+    {"memo", "lessonID"},      {"homework", "lessonID"},  {"exam", "lessonID"},
 };
 
 /// A file can hold expressions of its own: only plain columns of the known tables are read.
@@ -93,11 +85,11 @@ void restrain(sqlite3* database) {
     sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
     sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
     sqlite3_drop_modules(database, nullptr);
-    sqlite3_limit(database, SQLITE_LIMIT_LENGTH, kLongestValue);
+    sqlite3_limit(database, SQLITE_LIMIT_LENGTH, kLongestRow);
     sqlite3_limit(database, SQLITE_LIMIT_SQL_LENGTH, kLongestDefinition);
     sqlite3_limit(database, SQLITE_LIMIT_COLUMN, kMostColumns);
     sqlite3_limit(database, SQLITE_LIMIT_ATTACHED, 0);
-    // Room for the whole file, so that no page is fetched twice. This reads the schema.
+    // Room for any usual file, so that no page of it is fetched twice. This reads the schema.
     execute(database, "PRAGMA cell_size_check = ON; PRAGMA cache_size = -20000");
 }
 
@@ -110,6 +102,24 @@ int pagesFound(sqlite3* database) {
         all += count;
     }
     return all;
+}
+
+template <typename IsSought>
+bool hasColumn(sqlite3* database, const std::string& table, IsSought isSought) {
+    const Statement columns = prepare(database, "PRAGMA table_xinfo(" + table + ")");
+    while (columns && sqlite3_step(columns.get()) == SQLITE_ROW) {
+        if (isSought(columns.get())) return true;
+    }
+    return false;
+}
+
+/// Whether a table has a column under the name by which SQLite tells a row's number.
+bool hidesRowNumbers(sqlite3* database, const std::string& table) {
+    return hasColumn(database, table, [](sqlite3_stmt* column) {
+        constexpr int name = 1;
+        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(column, name));
+        return text && sqlite3_stricmp(text, "rowid") == 0;
+    });
 }
 
 bool isWritten(sqlite3_stmt* statement, int column) {
@@ -130,7 +140,7 @@ std::string ForeignRow::text() {
     const auto length = static_cast<std::size_t>(sqlite3_column_bytes(statement_, column_));
     ++column_;
     if (!bytes) return "";
-    database_.takeText(length);
+    database_.bounds().takeText(length);
     const std::string_view whole(bytes, length);
     return repairedUtf8(whole.substr(0, whole.find('\0')));
 }
@@ -138,7 +148,8 @@ std::string ForeignRow::text() {
 /// The column of the number that is next, once its text is counted if it comes as one.
 int ForeignRow::nextNumber() {
     if (isWritten(statement_, column_)) {
-        database_.takeText(static_cast<std::size_t>(sqlite3_column_bytes(statement_, column_)));
+        database_.bounds().takeText(
+            static_cast<std::size_t>(sqlite3_column_bytes(statement_, column_)));
     }
     return column_++;
 }
@@ -154,21 +165,20 @@ NSInteger ForeignRow::identifier() {
 NSInteger ForeignRow::integer(NSInteger least, NSInteger greatest) {
     const NSInteger number = sqlite3_column_int64(statement_, nextNumber());
     if (number >= least && number <= greatest) return number;
-    database_.leaveBounds();
+    database_.bounds().leave();
     return 0;
 }
 
 double ForeignRow::real(double limit) {
     const double number = sqlite3_column_double(statement_, nextNumber());
     if (std::abs(number) <= limit) return number;
-    database_.leaveBounds();
+    database_.bounds().leave();
     return 0;
 }
 
 // MARK: ForeignDatabase
 
-ForeignDatabase::ForeignDatabase(const NSURL& path)
-    : rowsLeft_(kMostRows), textLeft_(kMostText), stepsLeft_(kMostSchemaSteps) {
+ForeignDatabase::ForeignDatabase(const NSURL& path) : stepsLeft_(kMostSchemaSteps) {
     std::error_code error;
     // Reading from a pipe or a device may never end.
     if (!std::filesystem::is_regular_file(path, error)) return;
@@ -179,7 +189,7 @@ ForeignDatabase::ForeignDatabase(const NSURL& path)
     sqlite3_open(":memory:", &database);
     database_.reset(database);
     if (size > kLargestFile) {
-        leaveBounds();
+        bounds_.leave();
         return;
     }
     // A copy: whatever is written meanwhile, what is looked over is what is read.
@@ -201,8 +211,7 @@ void ForeignDatabase::load() {
     for (const Table& table : kTables) {
         if (!isPlain(table.name)) continue;
         plainTables_.insert(table.name);
-        for (const char* key : table.keys)
-            lookOver(table.name, key);
+        if (table.owner) lookOver(table.name, table.owner);
     }
     sqlite3_set_authorizer(database, authorize, nullptr);
 }
@@ -211,64 +220,55 @@ void ForeignDatabase::load() {
 /// view of a few lines can keep SQLite busy for ever.
 bool ForeignDatabase::isPlain(const char* table) {
     sqlite3* database = database_.get();
-    if (!isWithinBounds_ ||
+    if (!isWithinBounds() ||
         sqlite3_table_column_metadata(database, nullptr, table, nullptr, nullptr, nullptr, nullptr,
                                       nullptr, nullptr) != SQLITE_OK) {
         return false;
     }
     constexpr int hidden = 6;  // above 1 for a column that is computed
-    const Statement columns = prepare(database, "PRAGMA table_xinfo(" + std::string(table) + ")");
-    while (columns && sqlite3_step(columns.get()) == SQLITE_ROW) {
-        if (sqlite3_column_int(columns.get(), hidden) > 1) return false;
-    }
-    return columns != nullptr;
+    return !hasColumn(database, table,
+                      [](sqlite3_stmt* column) { return sqlite3_column_int(column, hidden) > 1; });
 }
 
 /// Passes all rows once: there are not too many of them, and what tells their owners is quickly
-/// compared. One key at a time, as a damaged one ends the rows here and need not end them there.
+/// compared. The one integer that an owner can equal is asked of SQLite, just as a query binds it:
+/// the sign before it keeps its type from changing what it is compared with.
 void ForeignDatabase::lookOver(const char* table, const std::string& key) {
+    sqlite3* database = database_.get();
     const auto query = [&](const std::string& columns) {
-        return prepare(database_.get(), unindexed("SELECT " + columns + " FROM " + table));
+        return prepare(database, unindexed("SELECT " + columns + " FROM " + table));
     };
-    Statement rows = query(key + ", rowid");
-    bool canBeFound = rows != nullptr;
+    const std::string number = "CAST(CAST(" + key + " AS NUMERIC) AS INTEGER)";
+    std::string columns = key;
+    columns.append(", ").append(number).append(", ").append(key).append(" = +").append(number);
+    Statement rows;
+    if (!hidesRowNumbers(database, table)) rows = query(columns + ", rowid");
+    const bool canBeFound = rows != nullptr;
     if (!rows) rows = query(key);
-    RowsByKey byKey;
-    while (isWithinBounds_ && rows && sqlite3_step(rows.get()) == SQLITE_ROW) {
-        takeRows(1);
-        if (isWritten(rows.get(), 0) && sqlite3_column_bytes(rows.get(), 0) > kLongestKey) {
-            leaveBounds();
-        }
-        canBeFound = canBeFound && sqlite3_column_type(rows.get(), 0) == SQLITE_INTEGER;
-        if (!canBeFound) continue;
-        byKey[sqlite3_column_int64(rows.get(), 0)].push_back(sqlite3_column_int64(rows.get(), 1));
+    RowsByOwner byOwner;
+    while (isWithinBounds() && rows && sqlite3_step(rows.get()) == SQLITE_ROW) {
+        const bool isLong =
+            isWritten(rows.get(), 0) && sqlite3_column_bytes(rows.get(), 0) > kLongestKey;
+        if (isLong || rowsUnseen_-- == 0) bounds_.leave();
+        if (!canBeFound || sqlite3_column_int(rows.get(), 2) == 0) continue;
+        byOwner[sqlite3_column_int64(rows.get(), 1)].push_back(sqlite3_column_int64(rows.get(), 3));
     }
-    if (canBeFound) rowsByKey_.try_emplace(table, std::move(byKey));
+    if (canBeFound) rowsByOwner_.try_emplace(table, std::move(byOwner));
 }
 
 int ForeignDatabase::stepsTaken(void* self) {
     auto& database = *static_cast<ForeignDatabase*>(self);
     const int pages = std::min(pagesFound(database.database_.get()), kMostSteps / kStepsOfPage);
     database.stepsLeft_ -= kStepsAtOnce + kStepsOfPage * pages;
-    if (database.stepsLeft_ <= 0) database.leaveBounds();
+    if (database.stepsLeft_ <= 0) database.bounds_.leave();
     return database.isWithinBounds() ? 0 : 1;
-}
-
-void ForeignDatabase::takeRows(NSInteger count) {
-    rowsLeft_ -= std::min(std::max(count, NSInteger{0}), rowsLeft_ + 1);
-    if (rowsLeft_ < 0) leaveBounds();
-}
-
-void ForeignDatabase::takeText(std::size_t bytes) {
-    if (bytes > textLeft_) return leaveBounds();
-    textLeft_ -= bytes;
 }
 
 bool ForeignDatabase::forEachRow(const char* sql, std::initializer_list<NSInteger> bound,
                                  const std::function<void(ForeignRow&)>& read) {
-    if (!isWithinBounds_ || !plainTables_.contains(tableOf(sql))) return false;
-    const auto byKey = bound.size() == 0 ? rowsByKey_.end() : rowsByKey_.find(tableOf(sql));
-    const bool isByRow = byKey != rowsByKey_.end();
+    if (!isWithinBounds() || !plainTables_.contains(tableOf(sql))) return false;
+    const auto byOwner = bound.size() == 0 ? rowsByOwner_.end() : rowsByOwner_.find(tableOf(sql));
+    const bool isByRow = byOwner != rowsByOwner_.end();
     sqlite3_stmt* prepared = statement(sql, isByRow ? " AND rowid=?" : "");
     if (!prepared) return false;
     int place = 0;
@@ -278,7 +278,7 @@ bool ForeignDatabase::forEachRow(const char* sql, std::initializer_list<NSIntege
         readRows(prepared, read);
         return true;
     }
-    for (const NSInteger row : byKey->second[*bound.begin()]) {
+    for (const NSInteger row : byOwner->second[*bound.begin()]) {
         sqlite3_bind_int64(prepared, place + 1, row);
         readRows(prepared, read);
     }
@@ -294,12 +294,12 @@ sqlite3_stmt* ForeignDatabase::statement(const char* sql, const char* addition) 
 void ForeignDatabase::readRows(sqlite3_stmt* statement,
                                const std::function<void(ForeignRow&)>& read) {
     int result = SQLITE_ROW;
-    while (isWithinBounds_ && (result = sqlite3_step(statement)) == SQLITE_ROW) {
-        takeRows(1);
+    while (isWithinBounds() && (result = sqlite3_step(statement)) == SQLITE_ROW) {
+        bounds_.takeRows(1);
         ForeignRow row(*this, statement);
         read(row);
     }
-    if (result == SQLITE_TOOBIG || result == SQLITE_NOMEM) leaveBounds();
+    if (result == SQLITE_TOOBIG || result == SQLITE_NOMEM) bounds_.leave();
     sqlite3_reset(statement);
 }
 

@@ -10,6 +10,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "exchange/exchange_bounds.h"
 #include "platform/foundation/file_manager.h"
 #include "platform/foundation/types.h"
 #include "platform/persistence/statement.h"
@@ -55,11 +56,8 @@ public:
     bool isOpen() const { return database_ != nullptr; }
     /// Whether all that was read until now is no more than a person's file can hold. Once it
     /// is not, there are no more rows.
-    bool isWithinBounds() const { return isWithinBounds_; }
-    void leaveBounds() { isWithinBounds_ = false; }
-    /// Counts rows, or what becomes as many, against the bounds.
-    void takeRows(NSInteger count);
-    void takeText(std::size_t bytes);
+    bool isWithinBounds() const { return bounds_.areKept(); }
+    ExchangeBounds& bounds() { return bounds_; }
 
     /// Runs a query, whose text must be a constant; false when it cannot be prepared. Rows end
     /// where the file is damaged.
@@ -74,18 +72,17 @@ private:
     sqlite3_stmt* statement(const char* sql, const char* addition);
     void readRows(sqlite3_stmt* statement, const std::function<void(ForeignRow&)>& read);
 
-    bool isWithinBounds_ = true;
-    NSInteger rowsLeft_;
-    std::size_t textLeft_;
+    ExchangeBounds bounds_;
+    NSInteger rowsUnseen_ = ExchangeBounds::kMostRows;  // that the file may hold
     int stepsLeft_;
     std::string file_;  // lasts longer than the database that reads it
     Database database_;
     std::set<std::string_view> plainTables_;
 
-    /// By table, its rows by the first of their keys, so that no subject has to pass those of
-    /// others. Of tables whose keys are integers all.
-    using RowsByKey = std::unordered_map<NSInteger, std::vector<NSInteger>>;
-    std::map<std::string_view, RowsByKey> rowsByKey_;
+    /// By table, its rows by their owner, so that no subject has to pass those of others. What
+    /// equals no integer has none and is never asked for.
+    using RowsByOwner = std::unordered_map<NSInteger, std::vector<NSInteger>>;
+    std::map<std::string_view, RowsByOwner> rowsByOwner_;
     std::map<const char*, Statement> statements_;  // by their text's place; end before the database
 };
 

@@ -4,6 +4,7 @@
 #include <csignal>
 #include <random>
 
+#include "exchange/exchange_bounds.h"
 #include "hosts/headless/outbox.h"
 #include "presentation/panels/bottom_menu.h"
 #include "support/exchange_file.h"
@@ -132,6 +133,66 @@ TEST_F(Export, what_went_out_comes_in_and_goes_out_the_same) {
         phone.manager().removeTimetable(phone.manager().currentTimetableNo());
     }
     EXPECT_GT(rows, 500U);
+}
+
+TEST_F(Export, as_much_as_is_taken_in_goes_out_and_more_is_refused) {
+    GXDataManager& data = phone.manager();
+    GXTimetableData& timetable = phone.timetable();
+    while (timetable.lessons.count() < ExchangeBounds::kMostLessons) {
+        GXLessonData& lesson = data.addNewLessonInTimetable(timetable);
+        lesson.color = "gold";
+        lesson.fontColor = "white";
+    }
+    GXLessonData& full = *timetable.lessons.anyObject();
+    std::string text;
+    while (text.size() < std::size_t{4} << 20)
+        text += "긴 글 🎒\n";
+    for (auto* member : {&timetable.name, &full.name, &full.room1, &full.professor->phone,
+                         &full.memo.anyObject()->content})
+        *member = text;
+    full.absenceCount = 30'000;
+    // Besides them, what every file has, and each subject with its teacher and its memo.
+    const NSInteger others = 2 + 3 * ExchangeBounds::kMostLessons + full.absenceCount.get();
+    GXExamData& exam = data.addNewExam();
+    exam.title = text;
+    exam.content = text;
+    exam.date = NSDate::date();
+    timetable.exam.addObject(exam);
+    for (NSInteger rows = others + 1; rows < ExchangeBounds::kMostRows; ++rows) {
+        GXHomeworkData& item = data.addNewHomework();
+        item.title = "Chapter 12";
+        item.content = rows % 5'000 == 0 ? text : "";
+        item.date = NSDate::date();
+        full.homework.addObject(item);
+    }
+    data.saveContext();
+
+    const auto first = write("first.gexlo");
+    Device::current().perform(
+        [&] { EXPECT_EQ(manager().openTimetableFromDataFile("file://" + first.string()), 10); });
+    EXPECT_NE(&phone.timetable(), &timetable);
+    const auto second = write("second.gexlo");
+    for (const char* query : kQueries)  // nobody wants to read the difference
+        EXPECT_TRUE(rowsOf(second, {query}) == rowsOf(first, {query})) << query;
+
+    const auto codeOfExport = [&] {
+        std::int32_t code = 10;
+        const bool isSent =
+            manager().generateDataFileFromTimetable_errorCode(timetable, &code).has_value();
+        return code + (isSent ? 1000 : 0);
+    };
+    full.latenessCount = 1;
+    EXPECT_EQ(codeOfExport(), 18) << "a row more than is taken in";
+    full.latenessCount = 0;
+    EXPECT_EQ(codeOfExport(), 1010);
+    exam.title = std::string(ExchangeBounds::kMostText, 'x');
+    EXPECT_EQ(codeOfExport(), 18);
+    exam.title = "";
+    for (int n = 0; n < 3; ++n)
+        data.removeData(*full.homework.anyObject());
+    EXPECT_EQ(codeOfExport(), 1010);
+    data.addNewLessonInTimetable(timetable);
+    EXPECT_EQ(codeOfExport(), 18);
 }
 
 TEST_F(Export, a_file_says_what_its_readers_ask_for) {

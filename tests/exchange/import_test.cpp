@@ -1,6 +1,7 @@
 // Files that others wrote: what comes in of them, and what is refused and changes nothing.
 #include <sys/stat.h>
 #include <algorithm>
+#include <set>
 
 #include "platform/foundation/user_defaults.h"
 #include "platform/services/application.h"
@@ -211,6 +212,62 @@ TEST_F(Import, odd_values_are_read_as_far_as_they_can_be) {
     EXPECT_EQ(homeworkOf(lesson) + homeworkOf(timetable), "Essay 0 0 1|Own 0 0 1|");
 }
 
+/// Which rows belong to the subject 0 and to the timetable 0 is for SQLite to say.
+TEST_F(Import, rows_of_odd_owners_take_nothing_from_the_others) {
+    const std::string values =
+        "(VALUES (0), (1), (-1), ('0'), (' 0 '), ('0.0'), ('-1'), ('-1 '), (0.0), (-1.0), (0.5), "
+        "(-0.5), (NULL), (''), ('no one at all, told at some length'), (x'30'), (9e999), "
+        "(9223372036854775807))";
+    const char* const columns[] = {
+        "lessonID INTEGER, timetableID INTEGER",
+        "lessonID TEXT, timetableID TEXT",
+        "lessonID, timetableID",
+        "lessonID REAL, timetableID BLOB",
+        "lessonID BLOB, timetableID REAL",
+        "lessonID NUMERIC, timetableID INTEGER",
+        "lessonID TEXT COLLATE RTRIM, timetableID CHAR COLLATE NOCASE",
+        "lessonID INTEGER, timetableID INTEGER, rowid INTEGER DEFAULT 1",
+        "lessonID TEXT, timetableID INTEGER, rowid INTEGER PRIMARY KEY",
+    };
+    const std::string fields = "title,content,date,repeat,complete,lessonID,timetableID";
+    for (const char* definition : columns) {
+        std::string changes;
+        for (const std::string table : {"homework", "exam"}) {
+            changes += "DROP TABLE " + table + "; CREATE TABLE " + table +
+                       " (id, title CHAR, content CHAR, date DOUBLE, repeat INTEGER, complete "
+                       "BOOL, " +
+                       std::string(definition) + "); INSERT INTO " + table + " (" + fields +
+                       ") SELECT row_number() OVER (), '',1,0,0, a.*, b.* FROM " + values + " a, " +
+                       values + " b;";
+        }
+        ASSERT_EQ(openChanged(changes), 10) << definition;
+        const Database file = openDatabase(path());
+        const auto titles = [](const auto& items) {
+            std::multiset<std::string> all;
+            for (const auto* item : items)
+                all.insert(item->title.get());
+            return all;
+        };
+        const auto answer = [&](const std::string& query, std::initializer_list<int> owner) {
+            const Statement rows = prepare(file.get(), "SELECT title FROM " + query);
+            int place = 0;
+            for (const int value : owner)
+                sqlite3_bind_int64(rows.get(), ++place, value);
+            std::multiset<std::string> all;
+            while (sqlite3_step(rows.get()) == SQLITE_ROW)
+                all.insert(reinterpret_cast<const char*>(sqlite3_column_text(rows.get(), 0)));
+            return all;
+        };
+        const auto ofSubject = answer("homework WHERE lessonID=?", {0});
+        const auto ofTimetable = answer("exam WHERE lessonID=? AND timetableID=?", {-1, 0});
+        EXPECT_GT(ofSubject.size() * ofTimetable.size(), 0U) << definition;
+        EXPECT_EQ(titles(subject("Maths").homework), ofSubject) << definition;
+        EXPECT_EQ(titles(subject("Maths").exam), ofSubject) << definition;
+        EXPECT_EQ(titles(phone.timetable().homework), ofTimetable) << definition;
+        EXPECT_EQ(titles(phone.timetable().exam), ofTimetable) << definition;
+    }
+}
+
 TEST_F(Import, a_file_beyond_all_bounds_is_refused_before_anything_is_made) {
     const auto before = stored();
     const char* const numbers =
@@ -225,7 +282,10 @@ TEST_F(Import, a_file_beyond_all_bounds_is_refused_before_anything_is_made) {
         "UPDATE homework SET date = -1e300",
         "UPDATE timetable SET name = CAST(zeroblob(100000000) AS TEXT)",
         "UPDATE homework SET content = replace(hex(zeroblob(50000000)), '0', 'x')",
+        "UPDATE lesson SET room1 = hex(zeroblob(17000000)); UPDATE lesson SET room2 = room1",
         std::string(numbers) + "INSERT INTO classes SELECT i,0,1,1,'',0 FROM n",
+        std::string(numbers) +
+            "INSERT INTO lesson SELECT i,'','','','','',0,0,0,1,'',0,0,0 FROM n LIMIT 2500",
         std::string(numbers) + "INSERT INTO data_info SELECT 2,4,'',1,1,'','',i FROM n",
         // Rows of others, which each subject has to pass.
         std::string(numbers) + "INSERT INTO exam SELECT i,'','',0,0,0,77,77 FROM n;" + numbers +
