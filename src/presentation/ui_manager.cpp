@@ -10,6 +10,7 @@
 #include "presentation/grid/cell_view.h"
 #include "presentation/main_screen.h"
 #include "presentation/notifications.h"
+#include "presentation/panels/slot_reveal.h"
 #include "presentation/panels/subject_list_view.h"
 #include "presentation/panels/title_view.h"
 #include "time/periods_controller.h"
@@ -66,6 +67,7 @@ void GXUIManager::openEditLessonView(GXLessonData* lesson) {
     if (mainView_) mainView_->openEditMode(*lesson);
     NSNotificationCenter::defaultCenter().postNotificationName(GX_NOTI_BEGIN_EDIT_LESSON,
                                                                {{user_info::kLessonData, lesson}});
+    revealFirstSlot(selectedCells_);
 }
 
 void GXUIManager::openLessonSelector() {

@@ -133,6 +133,110 @@ TEST_F(LessonEditor, an_old_colour_stays_until_another_is_chosen) {
     EXPECT_EQ(lesson.color.get() + lesson.fontColor.get(), "#F04853white");
 }
 
+TEST_F(LessonEditor, rooms_share_their_row_by_the_length_of_their_names) {
+    const auto width = [](int room) {
+        return part("btnRoom" + std::to_string(room)).frame().width;
+    };
+    const auto enter = [&](std::vector<std::string> names) {
+        GXLessonData& lesson = phone.addSubject("A");
+        names.resize(3);
+        lesson.room1 = names[0];
+        lesson.room2 = names[1];
+        lesson.room3 = names[2];
+        openEdit(lesson);
+    };
+    const std::string name = "Laboratory of physics 2";
+    for (const double screen : {320, 375, 667}) {
+        phone.facts.screenWidth = static_cast<int>(screen);
+        relaunch();
+        const double row = part("tfName").frame().x;
+        enter({name});
+        EXPECT_GE(width(1), screen - row - 44 - 56 - 20) << "all that adding and deleting leave";
+        enter({name, "B"});
+        EXPECT_GT(width(1), 2 * width(2));
+        enter({"A", name, "B"});
+        EXPECT_GT(width(2), 2 * width(1));
+        EXPECT_EQ(width(1), width(3));
+        enter({name, name + name, name + name});
+        EXPECT_LT(width(1), width(2));
+        EXPECT_EQ(width(2), width(3));
+        double x = row;
+        for (const char* button : {"btnRoom1", "btnRoom2", "btnRoom3", "btnDelLessonRoom"}) {
+            EXPECT_GE(part(button).frame().x, x) << screen << button;
+            EXPECT_GE(part(button).frame().width, 44) << screen << button;
+            x = part(button).frame().maxX();
+        }
+        EXPECT_LE(x, screen);
+    }
+}
+
+TEST_F(LessonEditor, a_slot_under_the_panel_scrolls_out_from_there) {
+    const auto edited = [&](bool daysOnLeft, std::vector<Slot> slots) {
+        GXTimetableData& timetable = phone.timetable();
+        timetable.daysOnLeft = daysOnLeft;
+        timetable.numWeeks = 2;
+        GXLessonData& lesson = phone.addSubject("A", slots);
+        redraw();
+        openEdit(lesson);
+        return part(daysOnLeft ? "mainScrollView" : "subScrollView").contentOffset().y;
+    };
+    const auto isSeen = [](const UIView& view) {
+        return view.frameInWindow().maxY() <= part("addLessonView").frame().y &&
+               view.frameInWindow().y >= part("day_0_0").frameInWindow().y;
+    };
+    constexpr NSInteger friday = 5;
+    EXPECT_EQ(edited(false, {mon(1), mon(9)}), 0) << "one can be seen";
+    manager().cancelLessonEditing();
+    EXPECT_GT(edited(false, {wed(9), tue(8)}), 0);
+    EXPECT_TRUE(isSeen(cell(2, 7))) << "the first in reading order";
+    EXPECT_FALSE(isSeen(cell(3, 8))) << "and no more than that";
+    manager().cancelLessonEditing();
+    EXPECT_EQ(edited(false, {mon(9, 1)}), 0) << "on the other page";
+    manager().cancelLessonEditing();
+    mainView().setTimetablePosition(1);
+    EXPECT_EQ(edited(true, {{friday, 1}, mon(2)}), 0);
+    manager().cancelLessonEditing();
+    EXPECT_GT(edited(true, {{friday, 3}}), 0);
+    EXPECT_TRUE(isSeen(cell(friday, 2)));
+}
+
+TEST_F(LessonEditor, on_a_low_screen_everything_stays_within_reach) {
+    phone.facts.screenWidth = 667;
+    phone.facts.screenHeight = 375;
+    relaunch();
+    GXLessonData& lesson = phone.addSubject("A");
+    for (auto* room : {&lesson.room1, &lesson.room2, &lesson.room3})
+        *room = "R";
+    openEdit(lesson);
+    const auto expectReach = [](const std::vector<std::string>& controls, double height) {
+        for (const std::string& control : controls) {
+            const CGRect place = part(control).frameInWindow();
+            EXPECT_EQ(part(control).visibleRect(), place) << control;
+            EXPECT_GE(place.height, height) << control;
+            for (const double y : {place.y + 1, place.maxY() - 1}) {
+                const UIView* hit = UIWindow::keyWindow().touchDown({place.center().x, y});
+                EXPECT_TRUE(hit && hit->isDescendantOf(part(control))) << control << y;
+                UIWindow::keyWindow().touchCancel();
+            }
+        }
+    };
+    tap(part("tfName"));
+    EXPECT_EQ(part("addLessonView").frame().y, 375 - 216 - 120);
+    expectReach({"tfName", "tfProfessor", "colorButtonDidPush", "btnRoom1", "btnRoom2", "btnRoom3",
+                 "btnDelLessonRoom", "btnOK", "btnCancel"},
+                30);
+    tap(part("colorButtonDidPush"));
+    EXPECT_EQ(part("tfName").frame(), (CGRect{68, 0, 667 - 68 - 76 - 10, 40})) << "as ever";
+    phone.advance(1);
+    std::vector<std::string> swatches{"fontColor_0", "fontColor_1"};
+    for (int i = 0; i < 32; ++i)
+        swatches.push_back("subjectColor_" + std::to_string(i));
+    expectReach(swatches, 30);
+    tap(part("btnOK", part("GXColorSelector")));
+    phone.advance(1);
+    EXPECT_EQ(find("GXColorSelector"), nullptr);
+}
+
 TEST_F(LessonEditor, the_panel_follows_the_keyboard_and_leaves_on_every_exit) {
     const auto y = [] { return part("addLessonView").frame().y; };
     openAdd();

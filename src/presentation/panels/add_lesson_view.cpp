@@ -26,9 +26,10 @@ GXAddLessonView::GXAddLessonView(GXAddLessonViewDelegate& delegate)
     : delegate_(delegate),
       form_(*this, [this] { colorButtonDidPush(); }),
       roomRow_(
-          *this, form_.roomRow(), [this](std::size_t place) { roomButtonDidPush(place); },
+          *this, [this](std::size_t place) { roomButtonDidPush(place); },
           [this] { deleteRoomButtonDidPush(); }) {
     setAccessibilityIdentifier("addLessonView");
+    GXAddLessonView::layOut(0);
     setThemes();
     closeAll_ = NSNotificationCenter::defaultCenter().addObserver(
         GX_NOTI_CLOSE_ALL_SUBVIEWS, [this](const auto&) { cancel(); });
@@ -42,6 +43,11 @@ void GXAddLessonView::setThemes() {
 void GXAddLessonView::endTyping() {
     form_.name().resignFirstResponder();
     form_.professor().resignFirstResponder();
+}
+
+void GXAddLessonView::layOut(double covered) {
+    form_.layOut(covered);
+    roomRow_.setFrame(form_.roomRow());
 }
 
 void GXAddLessonView::shouldReturn(UITextInput& field) {

@@ -45,6 +45,7 @@ public:
 private:
     void open(const std::string& name, const std::string& professor, const LessonRooms& rooms);
     void endTyping() override;
+    void layOut(double covered) override;
 
     void colorButtonDidPush();
     void roomButtonDidPush(std::size_t place);

@@ -1,5 +1,7 @@
 #include "presentation/panels/color_selector.h"
 
+#include <algorithm>
+
 #include "platform/foundation/bundle.h"
 #include "platform/foundation/string_format.h"
 #include "presentation/notifications.h"
@@ -13,7 +15,8 @@ namespace {
 constexpr double kShowDuration = 0.2;
 constexpr double kCloseDuration = 0.1;
 constexpr int kColumns = 6;
-constexpr double kSwatch = 40;
+constexpr double kSwatch = 40;        // as high too, where the screen is high enough
+constexpr double kScreenMargin = 10;  // that a low screen leaves above and below
 constexpr double kGap = 6;
 constexpr double kMargin = 14;
 constexpr double kTitleHeight = 26;
@@ -25,10 +28,18 @@ int rowsFor(NSInteger count) {
     return static_cast<int>((count - 1) / kColumns + 1);
 }
 
-CGSize panelSize() {
+/// Of the panel, with swatches of that height.
+CGSize panelSize(double swatchHeight) {
     const int rows = rowsFor(GXColorManager::colorManager().numOfColors());
     return {2 * kMargin + kColumns * kSwatch + (kColumns - 1) * kGap,
-            kMargin + rows * (kSwatch + kGap) + kTitleHeight + kSwatch + kGap + kAnswerHeight};
+            kMargin + (rows + 1) * (swatchHeight + kGap) + kTitleHeight + kAnswerHeight};
+}
+
+/// All of them are in sight on every screen: on a low one they are lower.
+double swatchHeightFor(double screenHeight) {
+    const int rows = rowsFor(GXColorManager::colorManager().numOfColors()) + 1;
+    const double left = screenHeight - 2 * kScreenMargin - panelSize(0).height;
+    return std::min(kSwatch, static_cast<double>(static_cast<int>(left / rows)));
 }
 
 CGRect centred(CGSize size, CGSize screen) {
@@ -42,7 +53,8 @@ CGRect centred(CGSize size, CGSize screen) {
 GXColorSelector::GXColorSelector(CGRect frame, GXColorSelectorDelegate& delegate)
     : FadingPanel(frame),
       delegate_(delegate),
-      panel_(add<UIView>(centred(panelSize(), frame.size()))) {
+      swatchHeight_(swatchHeightFor(frame.height)),
+      panel_(add<UIView>(centred(panelSize(swatchHeight_), frame.size()))) {
     const GXThemeManager& theme = GXThemeManager::manager();
     setAccessibilityIdentifier("GXColorSelector");
     setBackgroundColor(UIColor::colorWithWhite(0, 0.4F));
@@ -78,8 +90,8 @@ void GXColorSelector::addSubjectColors(double& y) {
     const GXColorManager& colors = GXColorManager::colorManager();
     for (NSInteger i = 0; i < colors.numOfColors(); ++i) {
         const CGRect frame{kMargin + static_cast<double>(i % kColumns) * (kSwatch + kGap),
-                           y + static_cast<double>(i / kColumns) * (kSwatch + kGap), kSwatch,
-                           kSwatch};
+                           y + static_cast<double>(i / kColumns) * (swatchHeight_ + kGap), kSwatch,
+                           swatchHeight_};
         colors_.push_back(
             addSwatch(stringWithFormat("subjectColor_%ld", i), frame, colors.colorAt(i), i));
         colors_.back().button->setAccessibilityLabel(
@@ -87,7 +99,7 @@ void GXColorSelector::addSubjectColors(double& y) {
         colors_.back().button->addAction(UIControlEvent::touchUpInside,
                                          [this, i] { selectColor(i); });
     }
-    y += rowsFor(colors.numOfColors()) * (kSwatch + kGap);
+    y += rowsFor(colors.numOfColors()) * (swatchHeight_ + kGap);
 }
 
 void GXColorSelector::addFontColors(double& y) {
@@ -102,13 +114,13 @@ void GXColorSelector::addFontColors(double& y) {
     for (NSInteger tag = 0; tag < 2; ++tag) {
         const double x = width / 2 + (tag == 0 ? -kSwatch - kGap : kGap);
         fontColors_.push_back(addSwatch(stringWithFormat("fontColor_%ld", tag),
-                                        {x, y, kSwatch, kSwatch},
+                                        {x, y, kSwatch, swatchHeight_},
                                         GXColorManager::colorManager().fontColorAt(tag), tag));
         fontColors_.back().button->setAccessibilityLabel(NSLocalizedString(kSpoken[tag]));
         fontColors_.back().button->addAction(UIControlEvent::touchUpInside,
                                              [this, tag] { selectFontColor(tag); });
     }
-    y += kSwatch + kGap;
+    y += swatchHeight_ + kGap;
 }
 
 void GXColorSelector::addAnswers(double y) {

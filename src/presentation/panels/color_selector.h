@@ -50,6 +50,7 @@ private:
     void done();
 
     GXColorSelectorDelegate& delegate_;  // the main screen, on which this lies
+    double swatchHeight_;
     UIView& panel_;
     std::vector<Swatch> colors_;
     std::vector<Swatch> fontColors_;

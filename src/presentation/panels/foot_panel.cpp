@@ -1,5 +1,7 @@
 #include "presentation/panels/foot_panel.h"
 
+#include <algorithm>
+
 #include "platform/foundation/device.h"
 #include "platform/views/window.h"
 #include "presentation/default_values.h"
@@ -22,6 +24,11 @@ double closedY() {
     return GXUIManager::manager().screenHeight();
 }
 
+double titleBarBottom() {
+    const ScreenFacts& screen = GXUIManager::manager().screen();
+    return screen.screenHeight - screen.bottomViewHeight - screen.contentFullHeight;
+}
+
 }  // namespace
 
 FootPanel::FootPanel()
@@ -29,6 +36,7 @@ FootPanel::FootPanel()
 
 void FootPanel::moveTo(double y) {
     setFrame({0, y, frame().width, frame().height});
+    layOut(std::max(0.0, titleBarBottom() - y));
 }
 
 void FootPanel::moveToOpenPosition() {

@@ -21,6 +21,9 @@ protected:
     void slideIn();
     /// Takes the focus from the panel's fields.
     virtual void endTyping() = 0;
+    /// Places what is on the panel below its topmost points, which the title bar covers: none but
+    /// on a low screen with the keyboard up.
+    virtual void layOut(double covered) = 0;
     /// To where it stands without a keyboard.
     void moveToOpenPosition();
     /// The keyboard goes without the panel's asking; the next that comes lifts it smoothly.

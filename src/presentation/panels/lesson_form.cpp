@@ -6,12 +6,13 @@ namespace gexlo {
 
 namespace {
 
-constexpr double kRow = 40;
+constexpr int kRows = 3;
 constexpr double kMargin = 10;
 constexpr double kTitleWidth = 58;
 constexpr double kFieldX = kMargin + kTitleWidth;
 constexpr double kColorWidth = 76;
-constexpr int kRoomRow = 2;
+constexpr double kSampleY = 26;
+constexpr double kSampleMargin = 12;
 
 constexpr UIColor kLine = UIColor::colorWithWhite(1, 0.15F);
 
@@ -19,38 +20,32 @@ constexpr UIColor kLine = UIColor::colorWithWhite(1, 0.15F);
 
 LessonForm::LessonForm(UIView& panel, const std::function<void()>& colorButtonDidPush)
     : panel_(panel) {
-    const double width = panel.frame().width;
-    addTitle("SUBJECT_TITLE", 0);
-    addTitle("PROFESSOR_TITLE", 1);
-    addTitle("ROOM_TITLE", kRoomRow);
-    addLine(1, width - kColorWidth - kMargin);
-    addLine(2, width);
-    tfName_ = &addField("tfName", "SUBJECT_PLACEHOLDER", 0);
-    tfProfessor_ = &addField("tfProfessor", "PROFESSOR_PLACEHOLDER", 1);
+    for (const char* textKey : {"SUBJECT_TITLE", "PROFESSOR_TITLE", "ROOM_TITLE"})
+        addTitle(panel, textKey);
+    lines_ = {&addLine(), &addLine()};
+    tfName_ = &addField("tfName", "SUBJECT_PLACEHOLDER");
+    tfProfessor_ = &addField("tfProfessor", "PROFESSOR_PLACEHOLDER");
     addColorButton(colorButtonDidPush);
 }
 
-void LessonForm::setUpTitle(UILabel& title, const char* textKey) {
+UILabel& LessonForm::addTitle(UIView& to, const char* textKey) {
+    UILabel& title = to.add<UILabel>(CGRect{});
     title.setText(NSLocalizedString(textKey));
     title.setFont(UIFont::systemFontOfSize(12));
     title.setMinimumScaleFactor(0.7);
     titles_.push_back(&title);
+    return title;
 }
 
-void LessonForm::addTitle(const char* textKey, int row) {
-    setUpTitle(panel_.add<UILabel>(CGRect{kMargin, row * kRow, kTitleWidth - 4, kRow}), textKey);
-}
-
-/// Above a row.
-void LessonForm::addLine(int row, double width) {
-    UIView& line = panel_.add<UIView>(CGRect{kMargin, row * kRow - 1, width - kMargin, 1});
+UIView& LessonForm::addLine() {
+    UIView& line = panel_.add<UIView>();
     line.setBackgroundColor(kLine);
     line.setUserInteractionEnabled(false);
+    return line;
 }
 
-UITextField& LessonForm::addField(const char* identifier, const char* textKey, int row) {
-    const double width = panel_.frame().width - kFieldX - kColorWidth - kMargin;
-    UITextField& field = panel_.add<UITextField>(CGRect{kFieldX, row * kRow, width, kRow});
+UITextField& LessonForm::addField(const char* identifier, const char* textKey) {
+    UITextField& field = panel_.add<UITextField>();
     field.setAccessibilityIdentifier(identifier);
     field.setPlaceholder(NSLocalizedString(textKey));
     field.setTextColor(UIColor::whiteColor());
@@ -59,24 +54,41 @@ UITextField& LessonForm::addField(const char* identifier, const char* textKey, i
 }
 
 void LessonForm::addColorButton(const std::function<void()>& didPush) {
-    UIButton& button = panel_.add<UIButton>(
-        CGRect{panel_.frame().width - kColorWidth - 4, 0, kColorWidth, kRoomRow * kRow});
-    button.setAccessibilityIdentifier("colorButtonDidPush");
-    button.setAccessibilityLabel(NSLocalizedString("COLOR_TITLE"));
-    button.addAction(UIControlEvent::touchUpInside, didPush);
-    UILabel& title = button.add<UILabel>(CGRect{2, 6, kColorWidth - 4, 16});
-    setUpTitle(title, "COLOR_TITLE");
-    title.setTextAlignment(NSTextAlignment::center);
-    colorSample_ = &button.add<UIView>(CGRect{12, 26, kColorWidth - 24, 44});
+    btnColor_ = &panel_.add<UIButton>();
+    btnColor_->setAccessibilityIdentifier("colorButtonDidPush");
+    btnColor_->setAccessibilityLabel(NSLocalizedString("COLOR_TITLE"));
+    btnColor_->addAction(UIControlEvent::touchUpInside, didPush);
+    addTitle(*btnColor_, "COLOR_TITLE").setTextAlignment(NSTextAlignment::center);
+    colorSample_ = &btnColor_->add<UIView>();
     colorSample_->setAccessibilityIdentifier("colorSample");
     colorSample_->setCornerRadius(6);
     colorSample_->setBorder(1, UIColor::colorWithWhite(1, 0.6F));
     colorSample_->setUserInteractionEnabled(false);
-    fontSample_ = &colorSample_->add<UILabel>(colorSample_->bounds());
+    fontSample_ = &colorSample_->add<UILabel>(CGRect{});
     fontSample_->setAccessibilityIdentifier("fontSample");
     fontSample_->setText("A");
     fontSample_->setFont(UIFont::boldSystemFontOfSize(20));
     fontSample_->setTextAlignment(NSTextAlignment::center);
+}
+
+void LessonForm::layOut(double covered) {
+    const double width = panel_.frame().width;
+    const double height = static_cast<int>((panel_.frame().height - covered) / kRows);
+    const auto y = [&](int row) { return covered + row * height; };
+    for (int row = 0; row < kRows; ++row)
+        titles_[static_cast<std::size_t>(row)]->setFrame(
+            {kMargin, y(row), kTitleWidth - 4, height});
+    lines_[0]->setFrame({kMargin, y(1) - 1, width - kColorWidth - 2 * kMargin, 1});
+    lines_[1]->setFrame({kMargin, y(2) - 1, width - kMargin, 1});
+    const double fieldWidth = width - kFieldX - kColorWidth - kMargin;
+    tfName_->setFrame({kFieldX, y(0), fieldWidth, height});
+    tfProfessor_->setFrame({kFieldX, y(1), fieldWidth, height});
+    btnColor_->setFrame({width - kColorWidth - 4, y(0), kColorWidth, 2 * height});
+    titles_.back()->setFrame({2, 6, kColorWidth - 4, 16});
+    colorSample_->setFrame({kSampleMargin, kSampleY, kColorWidth - 2 * kSampleMargin,
+                            2 * height - kSampleY - kMargin});
+    fontSample_->setFrame(colorSample_->bounds());
+    roomRow_ = {kFieldX, y(2), width - kFieldX, height};
 }
 
 void LessonForm::setTitleColor(UIColor color) {
@@ -87,10 +99,6 @@ void LessonForm::setTitleColor(UIColor color) {
 void LessonForm::setSample(UIColor subject, UIColor font) {
     colorSample_->setBackgroundColor(subject);
     fontSample_->setTextColor(font);
-}
-
-CGRect LessonForm::roomRow() const {
-    return {kFieldX, kRoomRow * kRow, panel_.frame().width - kFieldX, kRow};
 }
 
 }  // namespace gexlo

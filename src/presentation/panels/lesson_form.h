@@ -13,27 +13,31 @@ namespace gexlo {
 
 class LessonForm {
 public:
-    /// Puts its views into the panel, as wide as that is.
+    /// Puts its views into the panel; `layOut` gives them their places.
     LessonForm(UIView& panel, const std::function<void()>& colorButtonDidPush);
 
     UITextField& name() { return *tfName_; }
     UITextField& professor() { return *tfProfessor_; }
     void setTitleColor(UIColor color);
     void setSample(UIColor subject, UIColor font);
+    /// In rows of one height, below the panel's topmost points.
+    void layOut(double covered);
     /// Of the row below the fields, from behind its title to the panel's edge.
-    CGRect roomRow() const;
+    CGRect roomRow() const { return roomRow_; }
 
 private:
-    void addTitle(const char* textKey, int row);
-    void addLine(int row, double width);
-    UITextField& addField(const char* identifier, const char* textKey, int row);
+    UILabel& addTitle(UIView& to, const char* textKey);
+    UIView& addLine();
+    UITextField& addField(const char* identifier, const char* textKey);
     void addColorButton(const std::function<void()>& didPush);
-    void setUpTitle(UILabel& title, const char* textKey);
 
     UIView& panel_;
-    std::vector<UILabel*> titles_;  // subviews, as all below
+    CGRect roomRow_;
+    std::vector<UILabel*> titles_;  // of the rows, and of the colour button; subviews, as all below
+    std::vector<UIView*> lines_;    // above the second row and the third
     UITextField* tfName_ = nullptr;
     UITextField* tfProfessor_ = nullptr;
+    UIButton* btnColor_ = nullptr;
     UIView* colorSample_ = nullptr;
     UILabel* fontSample_ = nullptr;
 };

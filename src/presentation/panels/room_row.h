@@ -13,12 +13,17 @@ class RoomRow {
 public:
     /// Puts its buttons into the panel. `roomDidPush` gets the place from 0; the one behind
     /// the last room adds another.
-    RoomRow(UIView& panel, CGRect frame, const std::function<void(std::size_t)>& roomDidPush,
+    RoomRow(UIView& panel, const std::function<void(std::size_t)>& roomDidPush,
             const std::function<void()>& deleteDidPush);
 
+    void setFrame(CGRect frame);
     void show(const LessonRooms& rooms);
 
 private:
+    void layOut();
+
+    CGRect frame_;
+    std::size_t numRooms_ = 0;
     std::array<UIButton*, LessonRooms::kMost> btnRooms_{};  // of the panel, as the other
     UIButton* btnDelLessonRoom_ = nullptr;
 };
