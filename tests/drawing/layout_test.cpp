@@ -1,8 +1,9 @@
-// Where everything on the main screen and in its panels lies, on every screen, in every language,
+// Where everything on the main screen and in its panels lies and is painted, where it is tightest:
 // with names that are too long for their places and with none at all.
 #include "hosts/drawing/alert_view.h"
 #include "hosts/drawing/qt_text_measure.h"
 #include "hosts/drawing/text_layout.h"
+#include "hosts/drawing/view_painter.h"
 #include "platform/views/table_view.h"
 #include "presentation/panels/pd_alert_view.h"
 #include "presentation/panels/pd_loading_view.h"
@@ -48,6 +49,7 @@ public:
             for (std::size_t k = 0; k < i; ++k)
                 checkOverlap(seen_[k], seen_[i]);
         }
+        checkInk();
     }
 
 private:
@@ -98,7 +100,10 @@ private:
                                dynamic_cast<const UITableViewCell*>(&view);
         Seen seen{&view, frame, isControl, scrolls};
         const bool writes = !std::get<std::string>(textOf(view)).empty();
-        if (writes) seen.place = checkText(seen);
+        if (writes) {
+            seen.place = checkText(seen);
+            texts_.push_back({&view, seen.place.intersection(clip), isControl});
+        }
         const bool isThing = isControl || writes || (image && !image->image().isNone());
         const bool isArea = view.backgroundColor().alpha > 0 || view.borderWidth() > 0;
         // What lies wholly beyond the screen waits there for its turn.
@@ -161,13 +166,58 @@ private:
         ADD_FAILURE() << above << "\n  overlaps\n" << below;
     }
 
+    /// Makes what labels and buttons write invisible.
+    static void wipe(UIView& view) {
+        if (auto* label = dynamic_cast<UILabel*>(&view)) label->setTextColor({});
+        if (auto* button = dynamic_cast<UIButton*>(&view)) button->setTitleColor({});
+        for (const auto& child : view.subviews())
+            wipe(*child);
+    }
+
+    /// What goes from the picture with the texts has stood at their places, and at each of them.
+    void checkInk() {
+        constexpr int visible = 8;
+        ViewPainter painter(GEXLO_RESOURCES "/images");
+        const QImage full = painter.paint(root_, 1);
+        wipe(root_);
+        const QImage bare = painter.paint(root_, 1);
+        std::vector<int> inked(texts_.size());
+        for (int y = 0; y < full.height(); ++y) {
+            const auto* with = reinterpret_cast<const QRgb*>(full.constScanLine(y));
+            const auto* without = reinterpret_cast<const QRgb*>(bare.constScanLine(y));
+            for (int x = 0; x < full.width(); ++x) {
+                if (std::abs(qGreen(with[x]) - qGreen(without[x])) < visible) continue;
+                bool isExpected = false;
+                for (std::size_t i = 0; i < texts_.size(); ++i) {
+                    // Letters lean out a little.
+                    const auto [left, top, width, height] = texts_[i].place;
+                    if (!CGRect{left - 2, top - 2, width + 4, height + 4}.contains(
+                            {x + 0.5, y + 0.5}))
+                        continue;
+                    isExpected = true;
+                    ++inked[i];
+                }
+                ASSERT_TRUE(isExpected) << "ink at " << x << ' ' << y;
+            }
+        }
+        for (std::size_t i = 0; i < texts_.size(); ++i) {
+            const auto isIt = [&](const Seen& seen) { return seen.view == texts_[i].view; };
+            const bool isSeen = std::any_of(seen_.begin(), seen_.end(), isIt);
+            const CGRect& place = texts_[i].place;
+            if (!isSeen || place.width < 4 || place.height < 4) continue;
+            EXPECT_TRUE(inked[i] > 0 || dynamic_cast<const UITextInput*>(texts_[i].view))
+                << texts_[i] << " has no ink";
+        }
+    }
+
     UIView& root_;
     std::string name_;
     std::vector<Seen> seen_;
+    std::vector<Seen> texts_;  // those that are covered as well
 };
 
 using Screen = std::array<int, 3>;  // width, height and height of the status bar
-constexpr Screen kScreens[] = {{320, 480, 20}, {375, 667, 20}, {414, 736, 20}, {375, 812, 44}};
+constexpr Screen kSmallest{320, 480, 20};
 /// A language, and a name in it that nothing has room for.
 using Language = std::pair<std::string_view, std::string_view>;
 constexpr Language kLanguages[] = {
@@ -251,9 +301,16 @@ TEST_P(Layout, everything_has_its_place_and_can_be_read_and_touched) {
     }
 }
 
+/// Every language where there is least room, and every other rule of layout once.
+INSTANTIATE_TEST_SUITE_P(OnTheSmallest, Layout,
+                         ::testing::Combine(::testing::Values(kSmallest),
+                                            ::testing::ValuesIn(kLanguages),
+                                            ::testing::Values(true)));
 INSTANTIATE_TEST_SUITE_P(, Layout,
-                         ::testing::Combine(::testing::ValuesIn(kScreens),
-                                            ::testing::ValuesIn(kLanguages), ::testing::Bool()));
+                         ::testing::Values(std::tuple(kSmallest, kLanguages[0], false),
+                                           std::tuple(Screen{375, 667, 20}, kLanguages[1], true),
+                                           std::tuple(Screen{414, 736, 20}, kLanguages[0], true),
+                                           std::tuple(Screen{375, 812, 44}, kLanguages[2], false)));
 
 }  // namespace
 

@@ -209,6 +209,15 @@ TEST_F(Views, an_animation_is_over_when_its_time_has_passed) {
     EXPECT_TRUE(over);
 }
 
+TEST_F(Views, a_change_is_marked_up_to_the_window_wherever_a_host_has_stopped_reading) {
+    UIView& panel = window.add<UIView>(CGRect{0, 0, 10, 10});
+    UIView& button = panel.add<UIView>().add<UIView>();
+    window.changesWereRead();
+    EXPECT_FALSE(panel.hasChangedBelow() || button.hasChanged());
+    button.setAlpha(0.5);
+    EXPECT_TRUE(window.hasChangedBelow() && panel.hasChangedBelow() && button.hasChanged());
+}
+
 TEST_F(Views, the_plain_rule_measures_wide_characters_and_lines) {
     const UIFont font = UIFont::systemFontOfSize(10);
     const TextMeasure& measure = TextMeasure::current();

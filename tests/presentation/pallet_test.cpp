@@ -1,6 +1,7 @@
 // The grid area: its pages, the room it makes for panels, today's mark, and odd timetables.
 #include <random>
 #include <set>
+#include <sstream>
 
 #include "platform/views/scroll_view.h"
 #include "support/grid.h"
@@ -204,6 +205,28 @@ protected:
             see(*week, pallet.geometry().numPeriods, seen);
         return seen;
     }
+    /// All of a grid, seen or not.
+    static void tell(const UIView& view, std::ostream& out) {
+        const auto [x, y, width, height] = view.frame();
+        const auto [red, green, blue, alpha, pattern] = view.backgroundColor();
+        out << view.accessibilityIdentifier() << ' ' << view.tag() << view.isHidden() << x << ' '
+            << y << ' ' << width << ' ' << height << ' ' << red << green << blue << alpha;
+        if (const auto* label = dynamic_cast<const UILabel*>(&view))
+            out << label->text() << label->font().size << ' ' << label->textColor().red;
+        if (const auto* cell = dynamic_cast<const GXCellView*>(&view))
+            out << cell->lesson() << cell->dayNPeriod() << cell->numBlocks() << cell->hiddenCell()
+                << static_cast<int>(cell->state()) << cell->slot().periodNo;
+        out << '\n';
+        for (const auto& inner : view.subviews())
+            tell(*inner, out);
+    }
+    static std::string allOf(const GXTimetablePallet& pallet) {
+        std::ostringstream all;
+        for (const GXTimetableView* week : {&pallet.timetable1(), &pallet.timetable2()})
+            if (!week->isHidden()) tell(*week, all);
+        return all.str();
+    }
+
     /// The cells that are seen lie free of each other in their base and leave no slot out.
     static void expectFullCover(const GXTimetableView& week, const GridGeometry& grid) {
         std::vector<CGRect> frames;
@@ -238,6 +261,37 @@ TEST_F(OddTimetables, changes_leave_the_grid_as_one_that_is_built_anew) {
             expectFullCover(anew.timetable1(), anew.geometry());
         }
     }
+}
+
+TEST_F(OddTimetables, filling_again_gives_all_that_a_new_grid_has) {
+    for (int round = 0; round < 40; ++round) {
+        makeTimetable(true);
+        for (NSInteger i = below(3); i > 0; --i)
+            change();
+        const auto& cells = mainView().timetablePallet().timetable1().classCells();
+        // With masks on them, and now and then selected.
+        for (const UIControlEvent event :
+             {UIControlEvent::touchUpInside, UIControlEvent::touchDown})
+            for (const auto& cell : cells)
+                part<UIControl>("button", *cell).sendActions(event);
+        if (below(2) == 0) manager().openEditLessonView(phone.timetable().lessons.anyObject());
+        redraw();
+        GXTimetablePallet anew;
+        anew.updateFromData();
+        ASSERT_EQ(allOf(mainView().timetablePallet()), allOf(anew)) << round;
+        if (manager().appState() != AppState::normal) manager().cancelLessonEditing();
+    }
+}
+
+TEST_F(Pallet, a_finger_on_a_cell_that_is_filled_anew_has_lost_it) {
+    phone.addSubject("Maths", {mon(1)});
+    redraw();
+    const CGPoint place = cell(1, 0).visibleRect().center();
+    UIWindow::keyWindow().touchDown(place);
+    EXPECT_NE(drawn(1).find('!'), std::string::npos);
+    redraw();
+    EXPECT_EQ(drawn(1).find('!'), std::string::npos);
+    EXPECT_EQ(UIWindow::keyWindow().touchUp(place), nullptr);
 }
 
 }  // namespace
