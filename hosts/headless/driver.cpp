@@ -1,6 +1,7 @@
 #include "hosts/headless/driver.h"
 
 #include "hosts/headless/driver_command.h"
+#include "hosts/headless/view_search.h"
 #include "platform/foundation/device.h"
 #include "platform/services/application.h"
 
@@ -26,7 +27,8 @@ const DriverCommand* commandNamed(std::string_view name, Commands ofHost) {
 json run(std::string_view line, Commands ofHost) {
     if (line.size() > Driver::kLongestLine) throw CommandError("the line is too long");
     const json fields = json::parse(line, nullptr, false);
-    if (fields.is_discarded()) throw CommandError("the line is not JSON");
+    const bool hasZero = line.find('\0') != line.npos;  // the end, to the parser
+    if (fields.is_discarded() || hasZero) throw CommandError("the line is not JSON");
     if (!fields.is_object()) throw CommandError("the line is no JSON object");
     const std::string name = textField(fields, "cmd");
     const DriverCommand* command = commandNamed(name, ofHost);
@@ -38,7 +40,10 @@ json run(std::string_view line, Commands ofHost) {
     Device& device = Device::current();
     if (!device.clock().stands()) device.mainQueue().runDue();
     const std::scoped_lock held(device.lock());
-    return command->run(fields);
+    RowsInSight rows;
+    json answer = command->run(fields);
+    rows.stay();
+    return answer;
 }
 
 }  // namespace

@@ -42,9 +42,9 @@ void addText(json& result, const Texted& view, const std::string& text) {
     result["font"] = jsonFromFont(view.font());
 }
 
-void addImage(json& result, const UIImage& image) {
+void addImage(json& result, const UIImage& image, const char* field = "image") {
     if (!image.name.empty()) {
-        result["image"] = image.name;
+        result[field] = image.name;
     } else if (!image.isNone()) {
         result["color"] = jsonFromColor(image.fill);
     }
@@ -61,7 +61,9 @@ void addLabel(json& result, const UILabel& label) {
 }
 
 void addButton(json& result, const UIButton& button) {
-    addImage(result, button.image().isNone() ? button.backgroundImage() : button.image());
+    const bool hasImage = !button.image().isNone();
+    addImage(result, button.backgroundImage(), hasImage ? "backgroundImage" : "image");
+    if (hasImage) addImage(result, button.image());
     addTint(result, button.tintColor());
     if (button.title().empty()) return;
     addText(result, button, button.title());

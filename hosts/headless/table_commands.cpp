@@ -44,7 +44,7 @@ UITableView& tableWithRow(const json& fields, NSIndexPath path) {
     UITableView& table = theViewOf<UITableView>(fields);
     if (!table.hasRow(path)) throw CommandError("there is no such row");
     if (!UIWindow::keyWindow().canReach(table)) throw CommandError("that table cannot be reached");
-    table.scrollToRow(path);
+    bringIntoSight(table, path);
     return table;
 }
 

@@ -13,6 +13,8 @@ using nlohmann::json;
 
 namespace {
 
+RowsInSight* ofCommand = nullptr;  // null between commands
+
 struct Pattern {
     std::optional<std::string> id;
     std::optional<std::string> text;
@@ -75,7 +77,7 @@ UIView& scopeOf(const json& fields) {
     const NSIndexPath path{static_cast<NSInteger>(indexField(*within, "section")),
                            static_cast<NSInteger>(indexField(*within, "row"))};
     if (!table->hasRow(path)) throw CommandError("there is no such row");
-    table->scrollToRow(path);
+    bringIntoSight(*table, path);
     return *table->cellForRow(path);
 }
 
@@ -113,6 +115,23 @@ UIView& theView(const json& fields) {
     std::vector<UIView*> found = matchingViews(fields, false);
     if (found.empty()) found = matchingViews(fields, true);
     return theOnly(found, optionalIndex(fields, "index"));
+}
+
+RowsInSight::RowsInSight() {
+    ofCommand = this;
+}
+
+RowsInSight::~RowsInSight() {
+    ofCommand = nullptr;
+    for (const Scrolled& scrolled : scrolled_) {
+        const auto table = std::dynamic_pointer_cast<UITableView>(scrolled.table.lock());
+        if (table) table->setContentOffset(scrolled.from);
+    }
+}
+
+void bringIntoSight(UITableView& table, NSIndexPath path) {
+    if (ofCommand) ofCommand->scrolled_.push_back({table.weak_from_this(), table.contentOffset()});
+    table.scrollToRow(path);
 }
 
 template <>

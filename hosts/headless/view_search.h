@@ -1,12 +1,13 @@
 // Finding views as a person would name them.
 #pragma once
 
+#include <memory>
 #include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "platform/views/view.h"
+#include "platform/views/table_view.h"
 
 namespace gexlo {
 
@@ -28,5 +29,26 @@ UIView& theView(const nlohmann::json& fields);
 /// The same, of a kind.
 template <typename View>
 View& theViewOf(const nlohmann::json& fields);
+
+/// Scrolls a table to a row for the command that is being run.
+void bringIntoSight(UITableView& table, NSIndexPath path);
+
+/// While a command is run: the tables that it scrolls to rows go back where it is refused.
+class RowsInSight {
+public:
+    RowsInSight();
+    ~RowsInSight();
+    RowsInSight(const RowsInSight&) = delete;
+    RowsInSight& operator=(const RowsInSight&) = delete;
+    void stay() { scrolled_.clear(); }
+
+private:
+    friend void bringIntoSight(UITableView& table, NSIndexPath path);
+    struct Scrolled {
+        std::weak_ptr<UIView> table;
+        CGPoint from;
+    };
+    std::vector<Scrolled> scrolled_;
+};
 
 }  // namespace gexlo

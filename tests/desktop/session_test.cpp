@@ -207,7 +207,8 @@ TEST_F(Session, the_second_click_of_two_does_not_reach_what_the_first_uncovered)
         const unsigned long time = pause * 100;
         GXUIManager::manager().openLessonSelector();
         phone.advance(1);
-        const CGPoint row = part<UITableView>("table").cellForRow({0, 0})->visibleRect().center();
+        const CGPoint row =
+            part<UITableView>("SubjectListTableView").cellForRow({0, 0})->visibleRect().center();
         click(row, time);
         EXPECT_EQ(GXUIManager::manager().appState(), AppState::editLesson);
         const std::size_t selected = GXUIManager::manager().selectedCells().size();

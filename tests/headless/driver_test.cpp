@@ -70,6 +70,7 @@ TEST_F(DriverProgram, each_fault_of_a_line_has_its_error_and_changes_nothing) {
         {"{", "not JSON"},
         {"\xff\xfe", "not JSON"},
         {"{\"cmd\":\"\xed\xa0\x80\"}", "not JSON"},
+        {std::string("{\"cmd\":\"launch\"}\0", 17), "not JSON"},
         {"[]", "no JSON object"},
         {"{}", "\"cmd\" is missing"},
         {"{\"cmd\":5}", "\"cmd\" is no text"},
@@ -140,6 +141,63 @@ TEST_F(DriverProgram, views_are_found_touched_and_read_as_a_person_would) {
         EXPECT_NE(answers[i].dump().find(lines[i].second), std::string::npos)
             << lines[i].first << " gave " << answers[i];
     }
+}
+
+TEST_F(DriverProgram, rows_and_fields_reach_what_the_application_keeps) {
+    std::string input = "{\"cmd\":\"launch\"}\n{\"cmd\":\"advance\",\"seconds\":1}\n";
+    const auto press = [&](const std::string& id) {
+        input +=
+            R"({"cmd":"tap","id":")" + id + "\"}\n" + R"({"cmd":"advance","seconds":1})" + "\n";
+    };
+    for (const std::string name : {"A", "B", "C"}) {
+        press("btnAdd");
+        press("tfName");
+        input += R"({"cmd":"type","text":")" + name + "\"}\n";
+        press("btnOK");
+    }
+    press("btnEdit");
+    press("editButton");
+    const std::string list = R"("id":"SubjectListTableView")";
+    const auto act = [&](const std::string& rest) { input += "{" + list + "," + rest + "}\n"; };
+    act(R"("cmd":"move_row","section":0,"row":0,"to":2)");
+    act(R"("cmd":"rows")");
+    act(R"("cmd":"delete_row","section":0,"row":1)");
+    input += R"({"cmd":"answer","button":0})"
+             "\n";
+    press("doneButton");
+    press("closeButton");
+    press("btnMore");
+    press("btnExport");
+    input += R"({"cmd":"answer","button":0})"
+             "\n"
+             R"({"cmd":"composer","result":"sent"})"
+             "\n"
+             R"({"cmd":"outbox"})"
+             "\n"
+             R"({"cmd":"outbox"})"
+             "\n"
+             R"({"cmd":"store"})"
+             "\n";
+    const auto answers = play(input, {"--now", "2026-03-02T08:00:00"});
+    std::string rows;
+    for (const json& answer : answers) {
+        EXPECT_EQ(answer["ok"], true) << answer;
+        if (answer.contains("sections")) rows = answer["sections"].dump();
+    }
+    // The last one made is at the top at first.
+    EXPECT_EQ(rows, R"([{"header":"","rows":[["B"],["A"],["C"]]}])");
+    std::string order;
+    for (const json& lesson : answers.back()["store"]["Lesson"])
+        order += lesson["name"].get<std::string>() + lesson["sortIndex"].dump() + " ";
+    EXPECT_EQ(order, "B3 C1 ");
+    const json& sent = answers[answers.size() - 3];
+    EXPECT_EQ(sent["mail"][0]["attachments"][0]["name"], "20260302.gexlo");
+    EXPECT_TRUE(sent["mail"][0]["attachments"][0]["data"].get<std::string>().starts_with(
+        "U1FMaXRlIGZvcm1hdCAz"));
+    json nothing{{"ok", true}};
+    for (const char* kind : {"mail", "social", "album", "opened"})
+        nothing[kind] = json::array();
+    EXPECT_EQ(answers[answers.size() - 2], nothing);
 }
 
 TEST_F(DriverProgram, any_bytes_get_an_answer_a_line) {

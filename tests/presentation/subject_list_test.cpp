@@ -16,7 +16,7 @@ protected:
         redraw();
         manager().openLessonSelector();
     }
-    static UITableView& table() { return part<UITableView>("table"); }
+    static UITableView& table() { return part<UITableView>("SubjectListTableView"); }
     static void press(const char* button) { tap(part(button, *table().superview())); }
     static bool isMenuLocked() { return part<GXBottomMenu>("bottomMenu").isLocked(); }
     static std::string names() {
@@ -64,7 +64,7 @@ TEST_F(SubjectList, it_frees_the_menu_unless_the_editor_follows_and_edited_only_
         EXPECT_EQ(drawn(1), adds ? "#A|#B|#C|" : "#A|#B|+|");
         EXPECT_TRUE(isMenuLocked());
         phone.advance(0.2);
-        EXPECT_EQ(find("table"), nullptr);
+        EXPECT_EQ(find("SubjectListTableView"), nullptr);
         manager().cancelLessonEditing();
         manager().openLessonSelector();
     }

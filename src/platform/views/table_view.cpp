@@ -109,6 +109,7 @@ void UITableView::makeHeaders() {
         if (headerHeight(section) == 0) continue;
         const auto header = std::make_shared<UILabel>(
             CGRect{10, sectionTop(section), frame().width - 20, kHeaderHeight});
+        header->setAccessibilityIdentifier("header_" + std::to_string(section));
         header->setText(titleForHeader(section));
         header->setFont(UIFont::boldSystemFontOfSize(13));
         addSubview(header);

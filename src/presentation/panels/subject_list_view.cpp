@@ -193,7 +193,7 @@ SubjectListView::SubjectListView() : FadingPanel(UIScreen::mainScreen().bounds()
              editButton_}) {
         panel_->addSubview(view);
     }
-    table_->setAccessibilityIdentifier("table");
+    table_->setAccessibilityIdentifier(table_->className());
     setListMode();
     closeAll_ = NSNotificationCenter::defaultCenter().addObserver(GX_NOTI_CLOSE_ALL_SUBVIEWS,
                                                                   [this](const auto&) { close(); });

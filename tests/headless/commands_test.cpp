@@ -1,0 +1,266 @@
+// What the driver's commands do to rows, fields and controls, and what they tell of views.
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "hosts/headless/driver.h"
+#include "platform/foundation/string_format.h"
+#include "platform/views/button.h"
+#include "platform/views/slider.h"
+#include "platform/views/table_view.h"
+#include "platform/views/text_input.h"
+#include "platform/views/window.h"
+#include "support/phone.h"
+
+namespace gexlo::test {
+
+namespace {
+
+using nlohmann::json;
+
+/// Owns a table of 3 and 20 rows and hears what is done to it. The first rows of the sections
+/// stay as they are.
+class Owner final : public UITableViewDataSource,
+                    public UITableViewDelegate,
+                    public UITextInputDelegate {
+public:
+    NSInteger numberOfSections(UITableView&) override { return 2; }
+    NSInteger numberOfRowsInSection(UITableView&, NSInteger section) override {
+        return section == 0 ? 3 : 20;
+    }
+    std::string titleForHeader(UITableView&, NSInteger section) override {
+        return section == 0 ? "" : "Others";
+    }
+    std::shared_ptr<UITableViewCell> cellForRow(UITableView&, NSIndexPath path) override {
+        auto cell = std::make_shared<UITableViewCell>();
+        auto name = std::make_shared<UILabel>(CGRect{0, 0, 80, 40});
+        name->setText(nameOf(path));
+        auto mark = std::make_shared<UIButton>(CGRect{100, 0, 40, 40});
+        mark->setAccessibilityIdentifier("mark");
+        mark->addAction(UIControlEvent::touchUpInside,
+                        [this, path] { told += "mark " + nameOf(path) + "|"; });
+        cell->contentView().addSubview(name);
+        cell->contentView().addSubview(mark);
+        return cell;
+    }
+    bool canEditRow(UITableView&, NSIndexPath path) override { return path.row != 0; }
+    bool canMoveRow(UITableView&, NSIndexPath path) override { return path.row != 0; }
+    void commitDelete(UITableView&, NSIndexPath path) override {
+        told += "delete " + nameOf(path) + "|";
+    }
+    void moveRow(UITableView&, NSIndexPath from, NSIndexPath to) override {
+        told += "move " + nameOf(from) + " " + nameOf(to) + "|";
+    }
+    void didSelectRow(UITableView&, NSIndexPath path) override {
+        told += "select " + nameOf(path) + "|";
+    }
+    /// No digits.
+    bool shouldChange(UITextInput&, std::size_t location, std::size_t length,
+                      std::string_view replacement) override {
+        told += stringWithFormat("%ld+%ld:%@|", static_cast<NSInteger>(location),
+                                 static_cast<NSInteger>(length), std::string(replacement));
+        return replacement.find('1') == replacement.npos;
+    }
+    void shouldReturn(UITextInput&) override { told += "return|"; }
+
+    std::string told;
+
+private:
+    static std::string nameOf(NSIndexPath path) {
+        return stringWithFormat("%ld.%ld", path.section, path.row);
+    }
+};
+
+/// A line, what its answer holds, and what the owner was told meanwhile.
+struct Step {
+    std::string line;
+    std::string answer;
+    std::string told;
+};
+
+class Commands : public ::testing::Test {
+protected:
+    Commands() {
+        phone.launch();
+        phone.advance(1);
+    }
+    template <typename View>
+    std::shared_ptr<View> add(const char* identifier, CGRect frame) {
+        auto view = std::make_shared<View>(frame);
+        view->setAccessibilityIdentifier(identifier);
+        UIWindow::keyWindow().addSubview(view);
+        return view;
+    }
+    template <typename Input>
+    std::shared_ptr<Input> addInput(const char* identifier, CGRect frame) {
+        auto input = add<Input>(identifier, frame);
+        input->setDelegate(owner);
+        return input;
+    }
+    void play(const std::vector<Step>& steps) {
+        for (const Step& step : steps) {
+            owner->told.clear();
+            const std::string answer = driver.answer(step.line);
+            EXPECT_NE(answer.find(step.answer), std::string::npos)
+                << step.line << " gave " << answer;
+            EXPECT_EQ(owner->told, step.told) << step.line;
+        }
+    }
+
+    Phone phone;
+    Driver driver;
+    std::shared_ptr<Owner> owner = std::make_shared<Owner>();
+};
+
+TEST_F(Commands, rows_are_read_and_treated_where_they_stand) {
+    const auto table = add<UITableView>("rows", {0, 100, 300, 176});  // four rows high
+    table->setDataSource(owner);
+    table->setDelegate(owner);
+    table->reloadData();
+    const auto row = [](const std::string& command, const std::string& place) {
+        return R"({"cmd":")" + command + R"(","id":"rows",)" + place + "}";
+    };
+    const auto mark = [](const std::string& place) {
+        return R"({"cmd":"tap","id":"mark",)" + place + "}";
+    };
+    const auto in = [](int section, int number) {
+        return stringWithFormat(R"("within":{"id":"rows","section":%d,"row":%d})", section, number);
+    };
+    const double end = table->contentSize().height - 176;
+    play({
+        {R"({"cmd":"rows","id":"rows"})",
+         R"("sections":[{"header":"","rows":[["0.0"],["0.1"],["0.2"]]},)"
+         R"({"header":"Others","rows":[["1.0"],["1.1"])",
+         ""},
+        {row("select_row", R"("section":0,"row":2)"), "true", "select 0.2|"},
+        {row("delete_row", R"("section":0,"row":1)"), "true", "delete 0.1|"},
+        {row("select_row", R"("section":0,"row":3)"), "no such row", ""},
+        {row("select_row", R"("section":2,"row":0)"), "no such row", ""},
+        {row("move_row", R"("section":1,"row":9,"to":4)"), "cannot be moved", ""},
+        {mark(in(1, 19) + R"(,"index":1)"), "not as many", ""},
+        {mark(in(0, 7)), "no such row", ""},
+        {R"({"cmd":"set","id":"mark","value":1,)" + in(1, 19) + "}", "no value", ""},
+    });
+    EXPECT_EQ(table->contentOffset(), (CGPoint{0, 0})) << "of what was refused nothing stays";
+    play({
+        {mark(R"("within":"rows","index":2)"), R"("hit":"mark")", "mark 0.2|"},
+        {mark(R"("within":"rows","index":9)"), "not as many", ""},
+        {mark(R"("within":"rows")"), "several", ""},
+        {R"({"cmd":"tap","text":"0.1"})", R"("hit":"rows")", "select 0.1|"},
+        {R"({"cmd":"find","id":"header_1","all":true})", R"("text":"Others")", ""},
+        {R"({"cmd":"find","id":"header_0","all":true})", R"("views":[])", ""},
+        {mark(in(1, 19)), R"("hit":"mark")", "mark 1.19|"},
+    });
+    EXPECT_EQ(table->contentOffset(), (CGPoint{0, end}));
+    table->setEditing(true);
+    play({
+        {row("delete_row", R"("section":0,"row":0)"), "cannot be deleted", ""},
+        {row("move_row", R"("section":0,"row":0,"to":1)"), "cannot be moved", ""},
+        {row("move_row", R"("section":0,"row":1,"to":3)"), "no such row", ""},
+    });
+    EXPECT_EQ(table->contentOffset(), (CGPoint{0, end}));
+    play({{row("move_row", R"("section":1,"row":9,"to":4)"), "true", "move 1.9 1.4|"}});
+}
+
+TEST_F(Commands, the_keyboard_asks_the_delegate_as_a_phone_does) {
+    const auto field = addInput<UITextField>("field", {0, 100, 200, 40});
+    const auto lines = addInput<UITextView>("lines", {0, 150, 200, 80});
+    play({
+        {R"({"cmd":"type","text":"a"})", "no field has the focus", ""},
+        {R"({"cmd":"tap","id":"field"})", R"("hit":"field")", ""},
+        {R"({"cmd":"type","text":"a1é🎒"})", "true", "0+0:a|1+0:1|1+0:é|3+0:🎒|"},
+        {R"({"cmd":"paste","text":"b1"})", R"("text":"aé🎒")", "7+0:b1|"},
+        {R"({"cmd":"paste","text":"bc"})", R"("text":"aé🎒bc")", "7+0:bc|"},
+        {R"({"cmd":"return"})", R"("text":"aé🎒bc")", "return|"},
+        {R"({"cmd":"type","text":"d\ne"})", "true", "9+0:d|return|10+0:e|"},
+        {R"({"cmd":"find","id":"field"})", R"("focused":true)", ""},
+        {R"({"cmd":"clear"})", R"("text":"")", "0+11:|"},
+        {R"({"cmd":"tap","id":"lines"})", R"("hit":"lines")", ""},
+        {R"({"cmd":"type","text":"x\ny"})", "true", "0+0:x|1+0:\n|2+0:y|"},
+        {R"({"cmd":"return"})", R"("text":"x\ny\n")", "3+0:\n|"},
+        {R"({"cmd":"type"})", "missing", ""},
+    });
+    EXPECT_EQ(field->text() + lines->text(), "x\ny\n");
+}
+
+TEST_F(Commands, controls_move_as_under_a_finger) {
+    const auto slider = add<UISlider>("slider", {0, 100, 200, 40});
+    slider->addAction(UIControlEvent::valueChanged, [this] { owner->told += "moved|"; });
+    const auto button = add<UIButton>("press", {0, 150, 100, 40});
+    button->addAction(UIControlEvent::touchUpInside, [this] { owner->told += "pressed|"; });
+    button->setImage(UIImage::imageNamed("front"));
+    button->setBackgroundImage(UIImage::imageNamed("back"));
+    const auto pages = add<UIScrollView>("pages", {0, 200, 100, 100});
+    pages->setContentSize({300, 100});
+    pages->setPagingEnabled(true);
+    const auto scroll = [](int x, int y) {
+        return stringWithFormat(R"({"cmd":"scroll","id":"pages","x":%d,"y":%d})", x, y);
+    };
+    play({
+        {R"({"cmd":"set","id":"slider","value":0.25})", R"("value":0.25)", "moved|"},
+        {R"({"cmd":"set","id":"slider","value":"1"})", "no number", ""},
+        {R"({"cmd":"set","id":"press","value":1})", "no value", ""},
+        {R"({"cmd":"touch","phase":"down","id":"press"})", R"("hit":"press")", ""},
+        {R"({"cmd":"touch","phase":"up","id":"press"})", R"("hit":"press")", "pressed|"},
+        {R"({"cmd":"touch","phase":"down","id":"press"})", R"("hit":"press")", ""},
+        {R"({"cmd":"touch","phase":"cancel"})", R"("hit":null)", ""},
+        {R"({"cmd":"touch","phase":"up","id":"press"})", R"("hit":null)", ""},
+        {R"({"cmd":"touch","phase":"down","x":50,"y":170})", R"("hit":"press")", ""},
+        {R"({"cmd":"touch","phase":"up","x":50,"y":400})", "true", ""},
+        {R"({"cmd":"find","id":"press"})", R"("backgroundImage":"back")", ""},
+        {R"({"cmd":"find","id":"press"})", R"("image":"front")", ""},
+        {scroll(140, 0), R"("contentOffset":[100.0,0.0])", ""},
+        {scroll(160, 50), R"("contentOffset":[200.0,0.0])", ""},
+        {scroll(900, 0), R"("contentOffset":[200.0,0.0])", ""},
+    });
+    slider->setEnabled(false);
+    button->setImage({});
+    pages->setPagingEnabled(false);
+    play({
+        {R"({"cmd":"set","id":"slider","value":1})", R"("ok":false)", ""},
+        {R"({"cmd":"find","id":"slider"})", R"("value":0.25)", ""},
+        {R"({"cmd":"find","id":"press"})", R"("image":"back")", ""},
+        {scroll(130, -20), R"("contentOffset":[130.0,0.0])", ""},
+    });
+    EXPECT_EQ(pages->contentOffset(), (CGPoint{130, 0}));
+}
+
+TEST_F(Commands, views_are_found_by_all_that_is_asked) {
+    const auto addLabel = [this](const char* identifier, double y, const char* text) {
+        const auto label = add<UILabel>(identifier, {10, y, 100, 20});
+        label->setText(text);
+        return label;
+    };
+    addLabel("clock", 100, "8:00\u202FAM");
+    addLabel("clock", 120, "9:00 AM");
+    addLabel("clock", 140, "9:00 AM")->setHidden(true);
+    addLabel("other", 160, "9:00 AM")->setAlpha(0);
+    addLabel("other", 9000, "9:00 AM");
+    const struct {
+        const char* fields;
+        std::vector<double> tops;
+    } finds[] = {
+        {R"("id":"clock")", {100, 120}},
+        {R"("id":"clock","all":true)", {100, 120, 140}},
+        {R"("text":"8:00 AM")", {100}},
+        {R"("text":"8:00")", {}},
+        {R"("text":"9:00 AM","class":"UILabel","all":true)", {120, 140, 160, 9000}},
+        {R"("text":"9:00 AM","id":"other")", {}},
+        {R"("text":"9:00 AM","id":"other","all":true)", {160, 9000}},
+        {R"("text":"9:00 AM","class":"UIButton","all":true)", {}},
+    };
+    for (const auto& [fields, tops] : finds) {
+        const json answer =
+            json::parse(driver.answer(R"({"cmd":"find",)" + std::string(fields) + "}"));
+        std::vector<double> found;
+        for (const json& view : answer["views"])
+            found.push_back(view["frame"][1]);
+        EXPECT_EQ(found, tops) << fields;
+    }
+    play({{R"({"cmd":"tap","id":"clock"})", "several", ""},
+          {R"({"cmd":"find","all":true})", "none of", ""}});
+}
+
+}  // namespace
+
+}  // namespace gexlo::test
