@@ -105,7 +105,9 @@ void GXAppDelegate::application_didReceiveLocalNotification(const UILocalNotific
     if (application.applicationState() == UIApplicationState::active) {
         const NSDate limit = NSDate::date().dateByAddingTimeInterval(-kLateAfter);
         if (note.fireDate <= limit && note.repeatInterval == 0) return;
-        UIAlert::notice("", note.alertBody, NSLocalizedString("OK_BUTTON")).show();
+        UIAlert alert = UIAlert::notice("", note.alertBody, NSLocalizedString("OK_BUTTON"));
+        alert.dismissed = [held = application.becomesAlert(note)](auto&&...) {};
+        std::move(alert).show();
         return;
     }
     UILocalNotification again = note;

@@ -65,6 +65,58 @@ TEST_F(Ringing, while_active_an_alert_is_shown_unless_one_that_rings_once_is_lat
     EXPECT_EQ(names(), Texts{"weekly"});
 }
 
+TEST_F(Ringing, what_a_sleep_passes_over_rang_unseen_and_is_told_together) {
+    std::vector<Texts> told;
+    application().setRingHandler([&](const auto& notes) { told.push_back(names(notes)); });
+    schedule(at("2026-03-02T08:10:00"), 0, "once");
+    schedule(at("2026-02-23T08:20:00"), kRepeatWeekly, "weekly");
+    schedule(at("2026-03-02T08:29:58"), 0, "just now");
+    schedule(at("2026-03-02T08:40:00"), 0, "later");
+    // The clock goes on while nothing runs.
+    Device::current().clock().turnTo(at("2026-03-02T08:30:00"));
+    Device::current().mainQueue().runDue();
+    EXPECT_EQ(told, (std::vector<Texts>{{"once", "weekly"}}));
+    EXPECT_EQ(rung(), (Texts{"once", "weekly"}));
+    ASSERT_EQ(UIWindow::keyWindow().alerts().size(), 1U);
+    EXPECT_EQ(UIWindow::keyWindow().alerts()[0].message, "just now");
+    phone.advance(600);
+    EXPECT_EQ(UIWindow::keyWindow().alerts().size(), 2U);
+    EXPECT_EQ(rung().size(), 2U);
+}
+
+TEST_F(Ringing, the_time_of_day_stays_when_the_zone_changes_between_two_runs) {
+    // The zones of the runs, each with the time at which it begins; the last begins just before
+    // what was scheduled in the first falls due.
+    using Run = std::pair<const char*, const char*>;
+    const std::vector<Run> journeys[] = {
+        {{"Asia/Seoul", "2026-03-02T08:00"}, {"America/New_York", "2026-03-04T08:59"}},
+        {{"America/New_York", "2026-03-02T08:00"}, {"Asia/Seoul", "2026-03-04T08:59"}},
+        {{"Asia/Seoul", "2026-03-02T08:00"},
+         {"Europe/Berlin", "2026-03-02T12:00"},
+         {"America/New_York", "2026-03-04T08:59"}},
+        {{"Asia/Seoul", "2026-03-02T08:00"},
+         {"America/New_York", "2026-03-02T12:00"},
+         {"Asia/Seoul", "2026-03-04T08:59"}}};
+    for (const auto& runs : journeys) {
+        for (const NSInteger repeat : {NSInteger{0}, kRepeatWeekly}) {
+            for (const Run& run : runs) {
+                phone.facts.timeZone = run.first;
+                phone.launchAt(std::string(run.second) + ":00");
+                if (&run == &runs.front()) {
+                    application().cancelAllLocalNotifications();
+                    schedule(at("2026-03-04T09:00:00"), repeat, "nine");
+                }
+                schedule(at("2027-01-01T00:00:00"), 0, "so that the file is written");
+            }
+            const auto alerts = [] { return UIWindow::keyWindow().alerts().size(); };
+            phone.advance(59);
+            EXPECT_EQ(alerts() + rung().size(), 0U) << runs.front().first << repeat;
+            phone.advance(1);
+            EXPECT_EQ(alerts(), 1U) << runs.front().first << repeat;
+        }
+    }
+}
+
 TEST_F(Ringing, what_rang_unseen_can_be_tapped_later_and_stays_within_reach_of_its_archive) {
     const UILocalNotification note = schedule(at("2026-02-25T09:00:00"), kRepeatWeekly, "weekly");
     schedule(at("2026-03-03T09:00:00"), 0, "once");

@@ -1,15 +1,12 @@
 // What a desktop does for the application, on a bus of the test's own or on none.
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
-#include <QDBusConnectionInterface>
-#include <QDBusVirtualObject>
 #include <QLocalSocket>
-#include <QProcess>
 
 #include <sys/stat.h>
 #include <thread>
 
+#include "desktop/notification_service.h"
 #include "hosts/desktop/services/desktop_composers.h"
 #include "hosts/desktop/services/desktop_key_store.h"
 #include "hosts/desktop/services/desktop_notifications.h"
@@ -20,24 +17,6 @@
 
 namespace gexlo::test {
 namespace {
-
-constexpr const char* kName = "org.freedesktop.Notifications";
-constexpr const char* kPath = "/org/freedesktop/Notifications";
-
-class DesktopServices : public testing::Test {
-protected:
-    DesktopServices() { qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere"); }
-    /// Lets events come until one of them makes it true.
-    template <typename Condition>
-    static void runUntil(Condition isTrue) {
-        while (!isTrue())
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-
-    TemporaryDirectory directory;
-    int count = 0;
-    QCoreApplication application{count, nullptr};
-};
 
 /// The first start comes after a run that died and left its socket.
 class SecondStart : public DesktopServices {
@@ -69,6 +48,7 @@ protected:
         return socket.bytesAvailable() == 0;
     }
 
+    const TemporaryDirectory directory;
     const std::filesystem::path socketFile = directory.path() / "socket";
     const QString socketName = QString::fromStdString(socketFile.string());
     std::vector<std::string> received;
@@ -134,6 +114,7 @@ protected:
         return result.value();
     }
 
+    const TemporaryDirectory directory;
     const QByteArray path = qgetenv("PATH");
     Phone phone;
     const std::filesystem::path temporary = phone.facts.temporaryDirectory();
@@ -175,73 +156,77 @@ TEST_F(Mail, needs_a_command_and_a_program_for_its_addresses) {
     EXPECT_FALSE(impatient.canSendMail()) << "no answer";
 }
 
-/// A bus with a notification service that keeps what it is asked to show. It answers in the
-/// thread of the test, so whoever waited for it would wait for good.
-class Notifications : public DesktopServices, public QDBusVirtualObject {
-protected:
-    Notifications() {
-        daemon.start("dbus-daemon", {"--session", "--nofork", "--print-address"});
-        daemon.waitForReadyRead();
-        const QString address = QString::fromUtf8(daemon.readLine().trimmed());
-        for (const char* name : kPeers)
-            EXPECT_TRUE(QDBusConnection::connectToBus(address, name).isConnected());
-        EXPECT_TRUE(peer("service").registerVirtualObject(kPath, this) &&
-                    peer("service").registerService(kName));
-    }
-    ~Notifications() override {
-        daemon.terminate();
-        daemon.waitForFinished();
-    }
-    static QDBusConnection peer(const char* name) { return QDBusConnection(name); }
-    QString introspect(const QString&) const override { return {}; }
-    bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override {
-        if (message.member() == "GetCapabilities")
-            return bus.send(message.createReply(QVariant(capabilities)));
-        shown.push_back(message.arguments());
-        return bus.send(message.createReply(static_cast<uint>(shown.size())));
-    }
-    /// Comes back when the bus has passed it on.
-    static void signal(const char* from, const char* name, uint number, const QVariant& what) {
-        QDBusMessage signal = QDBusMessage::createSignal(kPath, kName, name);
-        peer(from).send(signal << number << what);
-        (void)peer(from).interface()->isServiceRegistered(kName);
-    }
+TEST_F(Mail, that_lacks_an_attachment_is_not_sent) {
+    const auto asked = directory.path() / "asked";
+    command("xdg-email", ": >'" + asked.string() + "'");
+    writeFile(temporary / "mail", "in the way of the directory");
+    phone.expectLog((temporary / "mail").string());
+    EXPECT_EQ(compose({"subject", "body", {{{'1'}, "", "a.gexlo"}}}),
+              MFMailComposeResult::cancelled);
+    EXPECT_FALSE(std::filesystem::exists(asked));
+}
 
-    QStringList capabilities;
-    std::vector<QVariantList> shown;
-    static constexpr const char* kPeers[] = {"client", "service", "stranger"};
-    QProcess daemon;
-};
-
-TEST_F(Notifications, are_shown_as_they_are_and_opened_by_a_click) {
+TEST_F(NotificationService, shows_what_rang_as_it_is_and_tells_of_a_click) {
     std::string opened;
-    const auto open = [&](const UILocalNotification& clicked) { opened += clicked.alertBody; };
+    const auto open = [&](const DesktopNotifications::Notes& clicked) {
+        for (const UILocalNotification& note : clicked)
+            opened += note.alertBody + ";";
+    };
     DesktopNotifications notifications("Gexlo", open, peer("client"));
-    UILocalNotification note;
+    std::vector<UILocalNotification> notes(2);
     for (const char* body : {"<R&D>", "<R&D>", "of a stranger", "closed", "clicked"}) {
-        note.alertBody = body;
-        notifications.show(note);
+        notes[0].alertBody = body;
+        notifications.show({notes[0]});
         runUntil([&, before = shown.size()] { return shown.size() > before; });
-        note.soundName = UILocalNotificationDefaultSoundName;
+        notes[0].soundName = UILocalNotificationDefaultSoundName;
         capabilities = QStringList{"body", "body-markup"};
     }
+    notes[1].alertBody = "together";
+    notifications.show(notes);
+    runUntil([&] { return shown.size() == 6; });
     EXPECT_EQ(shown[0].mid(3, 2), QVariantList({"Gexlo", "<R&D>"}));
     EXPECT_EQ(shown[1].mid(3, 2), QVariantList({"Gexlo", "&lt;R&amp;D&gt;"}));
+    EXPECT_EQ(texts()[5], "clicked\ntogether");
     EXPECT_TRUE(qdbus_cast<QVariantMap>(shown[0][6]).contains("suppress-sound"));
-    EXPECT_TRUE(qdbus_cast<QVariantMap>(shown[1][6]).contains("sound-name"));
+    for (const int number : {1, 5})
+        EXPECT_TRUE(qdbus_cast<QVariantMap>(shown[number][6]).contains("sound-name"));
     signal("stranger", "ActionInvoked", 3, "default");
     signal("service", "NotificationClosed", 4, 1U);
     signal("service", "ActionInvoked", 4, "default");
     signal("service", "ActionInvoked", 5, "settings");
     signal("service", "ActionInvoked", 5, "default");
-    runUntil([&] { return !opened.empty(); });
-    EXPECT_EQ(opened, "clicked");
+    signal("service", "ActionInvoked", 6, "default");
+    runUntil([&] { return opened.ends_with("together;"); });
+    EXPECT_EQ(opened, "clicked;clicked;together;");
+}
+
+TEST_F(NotificationService, takes_away_what_is_withdrawn_at_any_stage_of_its_way) {
+    DesktopNotifications notifications("Gexlo", {}, peer("client"));
+    const auto show = [&](const char* body) {
+        UILocalNotification note;
+        note.alertBody = body;
+        return notifications.show({note});
+    };
+    notifications.withdraw(show("before the service has heard of it"));
+    const auto heardOf = show("before it has its number");
+    runUntil([&] { return shown.size() == 1; });
+    notifications.withdraw(heardOf);
+    runUntil([&] { return closed.size() == 1; });
+    const auto late = show("long after");
+    show("stays");
+    runUntil([&] { return shown.size() == 3; });
+    notifications.withdraw(late);
+    runUntil([&] { return closed.size() == 2; });
+    EXPECT_EQ(texts(),
+              (std::vector<std::string>{"before it has its number", "long after", "stays"}));
+    EXPECT_EQ(closed, (std::vector<uint>{1, 2}));
 }
 
 TEST_F(DesktopServices, without_a_bus_nothing_is_shown_read_or_said) {
     testing::internal::CaptureStderr();
-    DesktopNotifications notifications("Gexlo", [](const UILocalNotification&) {});
-    notifications.show({});
+    const TemporaryDirectory directory;
+    DesktopNotifications notifications("Gexlo", {});
+    notifications.withdraw(notifications.show({UILocalNotification()}));
     DesktopKeyStore keys(directory.path());
     QCoreApplication::processEvents();
     EXPECT_EQ(keys.load(), std::nullopt);

@@ -125,6 +125,37 @@ TEST_F(Session, takes_in_the_last_file_of_a_drop_and_nothing_else) {
     EXPECT_EQ(phone.timetable().name.get() + alert(), "Autumn term");
 }
 
+TEST_F(Session, is_in_the_background_while_nobody_can_see_its_window) {
+    using Act = std::function<void()>;
+    const auto state = [] { return UIApplication::sharedApplication().applicationState(); };
+    // Only the toolkit can make one, and nobody looks at it.
+    alignas(std::max_align_t) std::array<std::byte, 256> none{};
+    auto& manager = reinterpret_cast<QSessionManager&>(none);
+    const std::pair<Act, UIApplicationState> steps[] = {
+        {[&] { window.show(); }, UIApplicationState::active},
+        {[&] { window.hide(); }, UIApplicationState::background},
+        {[&] { window.showNormal(); }, UIApplicationState::active},
+        {[&] { window.showMinimized(); }, UIApplicationState::background},
+        {[&] { window.showMaximized(); }, UIApplicationState::active},
+        {[&] { Q_EMIT qGuiApp->commitDataRequest(manager); }, UIApplicationState::background},
+        {[] {}, UIApplicationState::active},
+        {[&] { window.close(); }, UIApplicationState::background},
+    };
+    for (const auto& [act, expected] : steps) {
+        act();
+        runUntil([&, wanted = expected] { return state() == wanted; });
+    }
+}
+
+TEST_F(Session, shows_an_alarm_beside_its_alert_only_where_a_person_works_elsewhere) {
+    const UIApplication& application = UIApplication::sharedApplication();
+    EXPECT_TRUE(application.becomesAlert({}));
+    window.show();
+    window.requestActivate();
+    runUntil([&] { return window.isActive(); });
+    EXPECT_FALSE(application.becomesAlert({}));
+}
+
 TEST_F(Session, saves_what_a_mail_would_carry_and_asks_before_it_replaces) {
     TimetableFiles files({});
     const auto mailed = [&] {

@@ -9,39 +9,82 @@
 namespace gexlo::test {
 namespace {
 
-TEST(Application, what_rings_reaches_the_host_only_while_the_application_runs_unseen) {
+UIApplication& application() {
+    return UIApplication::sharedApplication();
+}
+
+UILocalNotification schedule(const char* body, double delay, NSInteger repeat = 0) {
+    UILocalNotification note;
+    note.fireDate = NSDate::date().dateByAddingTimeInterval(delay);
+    note.alertBody = body;
+    note.repeatInterval = repeat;
+    note.userInfo = {{"lessonIndex", -1}};
+    application().scheduleLocalNotification(note);
+    return note;
+}
+
+TEST(Application, what_rings_unseen_reaches_the_host_once_and_together_after_a_pause) {
     Phone phone;
     std::vector<std::string> heard;
     // The list is kept whatever a host does, so the one that rings stands there already.
-    const auto hear = [&](const UILocalNotification& note) {
-        EXPECT_EQ(UIApplication::sharedApplication().rungLocalNotifications().back(), note);
-        heard.push_back(note.alertBody);
+    const auto hear = [&](const std::vector<UILocalNotification>& notes) {
+        EXPECT_EQ(application().rungLocalNotifications().back(), notes.back());
+        heard.emplace_back();
+        for (const UILocalNotification& note : notes)
+            heard.back() += note.alertBody + ";";
     };
     const auto start = [&] {
-        UIApplication::sharedApplication().setRingHandler(hear);
+        application().setRingHandler(hear);
         phone.launch();
     };
     start();
-    const std::pair<const char*, double> notes[] = {
-        {"in the background", 10}, {"active", 20}, {"in the background again", 30}, {"off", 40}};
-    for (const auto& [body, delay] : notes) {
-        UILocalNotification note;
-        note.fireDate = NSDate::date().dateByAddingTimeInterval(delay);
-        note.alertBody = body;
-        note.userInfo = {{"lessonIndex", -1}};
-        UIApplication::sharedApplication().scheduleLocalNotification(note);
-    }
+    const std::pair<const char*, double> notes[] = {{"in the background", 10},
+                                                    {"active", 20},
+                                                    {"in the background again", 30},
+                                                    {"off", 40},
+                                                    {"off too", 41}};
+    for (const auto& [body, delay] : notes)
+        schedule(body, delay);
     phone.background();
     phone.advance(15);
-    UIApplication::sharedApplication().enterForeground();
+    application().enterForeground();
     phone.advance(10);
     phone.background();
     phone.advance(10);
     phone.restart();
     phone.advance(10);
-    start();
-    EXPECT_EQ(heard, (std::vector<std::string>{"in the background", "in the background again"}));
-    EXPECT_EQ(UIApplication::sharedApplication().rungLocalNotifications().back().alertBody, "off");
+    for (int twice = 0; twice < 2; ++twice) {
+        start();
+        phone.restart();
+    }
+    EXPECT_EQ(heard, (std::vector<std::string>{"in the background;", "in the background again;",
+                                               "off;off too;"}));
+}
+
+TEST(Application, a_tap_opens_what_still_stands_among_what_rang_and_takes_it_out) {
+    Phone phone;
+    phone.launch();
+    std::vector<UILocalNotification> shown;
+    const auto rung = [] { return application().rungLocalNotifications().size(); };
+    application().setRingHandler([&](const auto& notes) { shown = notes; });
+    const UILocalNotification cancelled = schedule("cancelled", 10, kRepeatWeekly);
+    schedule("weekly", 11, kRepeatWeekly);
+    schedule("once", 12);
+    phone.restart();
+    phone.advance(20);
+    application().setRingHandler([&](const auto& notes) { shown = notes; });
+    phone.launch();
+    ASSERT_EQ(shown.size(), 3U);
+    application().cancelLocalNotification(cancelled);
+    phone.background();
+    application().openRung({shown[0]});
+    EXPECT_EQ(application().applicationState(), UIApplicationState::background);
+    application().openRung(shown);
+    EXPECT_EQ(application().applicationState(), UIApplicationState::active);
+    EXPECT_EQ(rung(), 0U);
+    const auto scheduled = application().scheduledLocalNotifications();
+    ASSERT_EQ(scheduled.size(), 1U) << "what was cancelled came back";
+    EXPECT_EQ(scheduled[0].alertBody, "weekly");
 }
 
 }  // namespace

@@ -119,6 +119,23 @@ TEST(KilledProcess, every_save_that_returned_is_there_whole) {
     EXPECT_GT(last, kRounds / 2) << "hardly anything was saved between the kills";
 }
 
+TEST(KilledProcess, the_end_of_a_turn_that_saved_leaves_all_in_the_file_itself) {
+    Phone phone;
+    phone.launch();
+    Device::current().perform([&] {
+        phone.timetable().name = "seen done";
+        phone.manager().saveContext();
+    });
+    // A power cut may leave no more than what had been brought to the disk: not the log.
+    const auto log = phone.storeFile().string() + "-wal";
+    const std::string file = readFile(phone.storeFile());
+    phone.quit();
+    std::filesystem::remove(log);
+    writeFile(phone.storeFile(), file);
+    phone.relaunch();
+    EXPECT_EQ(phone.timetable().name.get(), "seen done");
+}
+
 }  // namespace
 
 }  // namespace gexlo::test

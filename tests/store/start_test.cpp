@@ -1,6 +1,8 @@
 // What exists after each kind of first start, and what each start repairs.
 #include <gtest/gtest.h>
 
+#include "app/app_delegate.h"
+#include "app/main_view.h"
 #include "platform/foundation/user_defaults.h"
 #include "support/phone.h"
 
@@ -146,15 +148,22 @@ TEST(Start, absence_counting_follows_the_first_language_at_every_load) {
 TEST(Start, the_page_of_the_grid_is_kept_for_the_starting_timetable_alone) {
     Phone phone;
     phone.launch();
-    NSUserDefaults& defaults = NSUserDefaults::standardUserDefaults();
-    defaults.setInteger_forKey(1, "last_timetable_index");
+    phone.timetable().numWeeks = 2;
+    phone.manager().saveContext();
+    const NSInteger starting = phone.timetable().index.get();
+    // What is kept of a page that the grid is turned to, as the next start shows it.
+    const auto keptOf = [&](NSInteger page) {
+        GXAppDelegate::delegate().mainView()->setTimetablePosition(page);
+        phone.background();
+        phone.relaunch();
+        return GXAppDelegate::delegate().mainView()->timetablePosition();
+    };
     phone.relaunch();
-    phone.background();
-    EXPECT_EQ(NSUserDefaults::standardUserDefaults().integerForKey("last_timetable_index"), 1);
+    for (const NSInteger page : {1, 0, 1})
+        EXPECT_EQ(keptOf(page), page);
     phone.manager().setCurrentTimetableNo(phone.manager().addNewTimetable().index.get());
-    NSUserDefaults::standardUserDefaults().setInteger_forKey(5, "last_timetable_index");
-    phone.background();
-    EXPECT_EQ(NSUserDefaults::standardUserDefaults().integerForKey("last_timetable_index"), 5);
+    ASSERT_NE(phone.manager().currentTimetableNo(), starting);
+    EXPECT_EQ(keptOf(0), 1) << "which is of the starting timetable";
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 
+#include <algorithm>
+
 namespace gexlo {
 
 namespace {
@@ -13,27 +15,44 @@ constexpr const char* kPath = "/org/freedesktop/Notifications";
 constexpr const char* kOpenAction = "default";  // by which the service knows a click
 constexpr const char* kProgram = "gexlo";       // its icon and desktop entry
 
+/// How many texts a bubble on the screen has room for.
+constexpr std::size_t kNewest = 10;
+
+QDBusMessage callOf(const char* method, const QVariantList& arguments,
+                    const QString& service = kService) {
+    QDBusMessage message = QDBusMessage::createMethodCall(service, kPath, kService, method);
+    message.setArguments(arguments);
+    return message;
+}
+
 /// Calls the service, and `then` with its answer; without one nothing happens.
 template <typename Then>
 void call(const QDBusConnection& bus, QObject* owner, const char* method,
           const QVariantList& arguments, Then then) {
-    QDBusMessage message = QDBusMessage::createMethodCall(kService, kPath, kService, method);
-    message.setArguments(arguments);
-    auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), owner);
+    auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(callOf(method, arguments)), owner);
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, owner, [watcher, then] {
         watcher->deleteLater();
         if (!watcher->isError()) then(watcher->reply());
     });
 }
 
-QVariantMap hintsOf(const UILocalNotification& note) {
+QVariantMap hintsOf(const DesktopNotifications::Notes& notes) {
     QVariantMap hints{{"desktop-entry", kProgram}};
-    if (note.soundName.empty()) {
+    const bool isSilent =
+        std::ranges::all_of(notes, [](const auto& note) { return note.soundName.empty(); });
+    if (isSilent) {
         hints.insert("suppress-sound", true);
     } else {
         hints.insert("sound-name", "alarm-clock-elapsed");
     }
     return hints;
+}
+
+QString textOf(const DesktopNotifications::Notes& notes) {
+    QStringList texts;
+    for (const UILocalNotification& note : notes)
+        texts << QString::fromStdString(note.alertBody);
+    return texts.join(QLatin1Char('\n'));
 }
 
 }  // namespace
@@ -48,19 +67,26 @@ DesktopNotifications::DesktopNotifications(const QString& applicationName, Open 
                  SLOT(notificationClosed(uint, uint, QDBusMessage)));
 }
 
-void DesktopNotifications::show(const UILocalNotification& note) {
-    if (!bus_.isConnected()) return;
+DesktopNotifications::Ticket DesktopNotifications::show(Notes notes) {
+    const Ticket ticket = ++lastTicket_;
+    if (!bus_.isConnected() || notes.empty()) return ticket;
+    underWay_.insert(ticket);
     // Asked each time, because another service may have taken over since.
-    call(bus_, this, "GetCapabilities", {}, [this, note](const QDBusMessage& reply) {
-        const QDBusPendingReply<QStringList> capabilities(reply);
-        notify(note, capabilities.value().contains("body-markup"));
-    });
+    call(bus_, this, "GetCapabilities", {},
+         [this, shown = Shown{ticket, std::move(notes)}](const QDBusMessage& reply) {
+             const QDBusPendingReply<QStringList> capabilities(reply);
+             notify(shown, capabilities.value().contains("body-markup"));
+         });
+    return ticket;
 }
 
-void DesktopNotifications::notify(const UILocalNotification& note, bool bodyIsMarkup) {
-    const QString text = QString::fromStdString(note.alertBody);
-    const QString label =
-        note.alertAction.empty() ? applicationName_ : QString::fromStdString(note.alertAction);
+void DesktopNotifications::notify(Shown shown, bool bodyIsMarkup) {
+    if (!underWay_.contains(shown.ticket)) return;
+    const std::size_t older = shown.notes.size() - std::min(shown.notes.size(), kNewest);
+    const Notes newest(shown.notes.begin() + static_cast<std::ptrdiff_t>(older), shown.notes.end());
+    const QString text = textOf(newest);
+    const std::string action = newest.size() == 1 ? newest.front().alertAction : "";
+    const QString label = action.empty() ? applicationName_ : QString::fromStdString(action);
     constexpr uint kReplacesNone = 0;
     constexpr int kUsualTime = -1;
     const QVariantList arguments{applicationName_,
@@ -69,21 +95,39 @@ void DesktopNotifications::notify(const UILocalNotification& note, bool bodyIsMa
                                  applicationName_,
                                  bodyIsMarkup ? text.toHtmlEscaped() : text,
                                  QStringList{kOpenAction, label},
-                                 hintsOf(note),
+                                 hintsOf(newest),
                                  kUsualTime};
-    call(bus_, this, "Notify", arguments, [this, note](const QDBusMessage& reply) {
-        const QDBusPendingReply<uint> number(reply);
-        if (number.isValid()) shown_.insert_or_assign({reply.service(), number.value()}, note);
-    });
+    call(bus_, this, "Notify", arguments,
+         [this, shown = std::move(shown)](const QDBusMessage& reply) {
+             const QDBusPendingReply<uint> number(reply);
+             if (!number.isValid()) return;
+             const Address address{reply.service(), number.value()};
+             if (underWay_.erase(shown.ticket) == 0) return close(address);
+             shown_.insert_or_assign(address, shown);
+         });
+}
+
+void DesktopNotifications::withdraw(Ticket ticket) {
+    underWay_.erase(ticket);
+    const auto found = std::ranges::find_if(
+        shown_, [ticket](const auto& entry) { return entry.second.ticket == ticket; });
+    if (found == shown_.end()) return;
+    close(found->first);
+    shown_.erase(found);
+}
+
+/// At the very service that shows it: another has numbers of its own.
+void DesktopNotifications::close(const Address& address) {
+    bus_.send(callOf("CloseNotification", {address.second}, address.first));
 }
 
 void DesktopNotifications::actionInvoked(uint number, const QString& action,
                                          const QDBusMessage& signal) {
     const auto found = shown_.find({signal.service(), number});
     if (found == shown_.end() || action != kOpenAction) return;
-    const UILocalNotification note = found->second;
+    const Notes notes = std::move(found->second.notes);
     shown_.erase(found);
-    open_(note);
+    open_(notes);
 }
 
 void DesktopNotifications::notificationClosed(uint number, uint /*reason*/,

@@ -1,5 +1,7 @@
 #include "platform/services/application.h"
 
+#include <algorithm>
+
 #include "platform/foundation/device.h"
 #include "platform/services/notification_schedule.h"
 
@@ -18,10 +20,12 @@ void UIApplication::launch(UIApplicationDelegate& delegate) {
     delegate_ = &delegate;
     state_ = UIApplicationState::inactive;
     Device::current().perform([this] {
-        schedule().start([this](const UILocalNotification& note) { ring(note); });
+        schedule().start([this](const UILocalNotification& note) { ring(note); },
+                         [this] { tellOfRung(); });
         delegate_->application_didFinishLaunchingWithOptions();
         state_ = UIApplicationState::active;
         delegate_->applicationDidBecomeActive();
+        tellOfRung();
     });
 }
 
@@ -83,11 +87,24 @@ void UIApplication::removeRungLocalNotification(std::size_t index) {
 
 void UIApplication::ring(const UILocalNotification& note) {
     if (state_ == UIApplicationState::active) {
-        delegate_->application_didReceiveLocalNotification(note);
+        // In time where the device is now, and not late by the zone that it was set in.
+        UILocalNotification here = note;
+        here.fireDate = NotificationSchedule::fireDateHere(note);
+        delegate_->application_didReceiveLocalNotification(here);
     } else {
         schedule().addRung(note);
-        if (ringHandler_) ringHandler_(note);
+        tellOfRung();
     }
+}
+
+void UIApplication::tellOfRung() {
+    if (!ringHandler_) return;
+    const std::vector<UILocalNotification> unshown = schedule().takeUnshown();
+    if (!unshown.empty()) ringHandler_(unshown);
+}
+
+std::shared_ptr<void> UIApplication::becomesAlert(const UILocalNotification& note) const {
+    return alertHandler_ ? alertHandler_(note) : nullptr;
 }
 
 void UIApplication::deliver(const UILocalNotification& note) {
@@ -105,6 +122,16 @@ void UIApplication::open(const UILocalNotification& note) {
         state_ = UIApplicationState::active;
         delegate_->applicationDidBecomeActive();
     });
+}
+
+void UIApplication::openRung(const std::vector<UILocalNotification>& notes) {
+    for (const UILocalNotification& note : notes) {
+        const auto& rung = schedule().rung();
+        const auto found = std::find(rung.begin(), rung.end(), note);
+        if (found == rung.end()) continue;
+        schedule().removeRung(static_cast<std::size_t>(found - rung.begin()));
+        open(note);
+    }
 }
 
 }  // namespace gexlo

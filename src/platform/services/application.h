@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -77,23 +78,33 @@ public:
     /// What rang while the application was not active, oldest first.
     const std::vector<UILocalNotification>& rungLocalNotifications() const;
     void removeRungLocalNotification(std::size_t index);
-    /// Called with what rings while the application runs and is not active, once it has joined
-    /// the list. What fell due before the launch joins the list alone.
-    using RingHandler = std::function<void(const UILocalNotification&)>;
+    /// Called once with all that has joined the list: with each as it rings while the application
+    /// runs unseen, and together with what fell due while nothing ran or the machine slept.
+    using RingHandler = std::function<void(const std::vector<UILocalNotification>&)>;
     void setRingHandler(RingHandler handler) { ringHandler_ = std::move(handler); }
+    /// Called with what becomes an alert. What it gives, or null, is held by that alert.
+    using AlertHandler = std::function<std::shared_ptr<void>(const UILocalNotification&)>;
+    void setAlertHandler(AlertHandler handler) { alertHandler_ = std::move(handler); }
+    /// For who shows the alert, to hold as long as it is up.
+    std::shared_ptr<void> becomesAlert(const UILocalNotification& note) const;
     /// Hands a notification to the application while it is active.
     void deliver(const UILocalNotification& note);
     /// A tap on a notification, which brings the application to the front.
     void open(const UILocalNotification& note);
+    /// A tap on what a host has shown: takes each that still is among what rang out of there and
+    /// opens it.
+    void openRung(const std::vector<UILocalNotification>& notes);
 
 private:
     static NotificationSchedule& schedule();
     void ring(const UILocalNotification& note);
+    void tellOfRung();
 
     UIApplicationDelegate* delegate_ = nullptr;  // ends with the device, as this does
     UIApplicationState state_ = UIApplicationState::notRunning;
     NSInteger notificationTypes_ = 0;
     RingHandler ringHandler_;
+    AlertHandler alertHandler_;
 };
 
 }  // namespace gexlo

@@ -37,6 +37,7 @@ public:
 private:
     friend class NotificationSchedule;
     NSInteger identifier_ = 0;  // given by the schedule, and archived along; 0 before
+    bool isShown_ = false;      // of what rang: a host has shown it
 };
 
 }  // namespace gexlo

@@ -13,6 +13,9 @@ namespace {
 constexpr std::size_t kNewestOfOne = 100;
 constexpr std::size_t kNewestOfAll = 1000;
 constexpr double kWeek = 7 * 86400.0;
+/// So much later than due, a turn was not just busy: the machine or the process slept. Less than
+/// what makes an alarm too late for an alert, so that none falls between the two.
+constexpr double kAsleepAfter = 3;
 /// Beyond these a calendar is of no use: the year 1, and ten thousand years from now.
 constexpr double kEarliestDate = -62135596800;
 constexpr double kFarthestDate = 4e11;
@@ -28,22 +31,28 @@ bool isMark(NSInteger identifier) {
     return identifier > 0 && identifier <= kLargestMark;
 }
 
-NSCalendar calendarOf(const UILocalNotification& note) {
-    return isTimeZone(note.timeZone) ? NSCalendar::calendarInTimeZone(note.timeZone)
-                                     : NSCalendar::currentCalendar();
+/// The time of day that a date has in another zone, on the same day in the device's.
+NSDate dateHere(NSDate date, const std::string& zone, int daysLater = 0) {
+    const bool isHere = !isTimeZone(zone) || zone == Device::current().facts().timeZone;
+    // Exactly the same, fractions and doubled hours included.
+    if (!isSane(date) || (isHere && daysLater == 0)) return date;
+    const NSCalendar here = NSCalendar::currentCalendar();
+    NSDateComponents parts =
+        (isHere ? here : NSCalendar::calendarInTimeZone(zone)).componentsFromDate(date);
+    parts.day += daysLater;
+    return here.dateFromComponents(parts);
 }
 
 /// The n-th weekly time: the same time of day, counted in calendar days from the first.
 NSDate occurrence(const UILocalNotification& note, int weeks) {
-    NSDateComponents parts = calendarOf(note).componentsFromDate(note.fireDate);
-    parts.day += 7 * weeks;
-    return NSCalendar::currentCalendar().dateFromComponents(parts);
+    return dateHere(note.fireDate, note.timeZone, 7 * weeks);
 }
 
-/// The first time after `now`; the fire date itself where that lies ahead.
+/// The first time after `now`.
 NSDate nextOccurrence(const UILocalNotification& note, NSDate now) {
-    if (note.fireDate > now) return note.fireDate;
-    auto weeks = static_cast<int>(now.timeIntervalSinceDate(note.fireDate) / kWeek);
+    const NSDate first = occurrence(note, 0);
+    if (first > now) return first;
+    auto weeks = static_cast<int>(now.timeIntervalSinceDate(first) / kWeek);
     NSDate next = occurrence(note, weeks);
     while (next <= now)
         next = occurrence(note, ++weeks);
@@ -106,14 +115,20 @@ void NotificationSchedule::read() {
     const NSDictionary file = dictionaryFromFile(Device::current().facts().notificationsFile());
     const NSInteger last = field(file, "lastIdentifier").integerValue();
     if (isMark(last)) lastIdentifier_ = last;
+    const std::string zone = field(file, "timeZone").stringValue();
     forEachIn(field(file, "scheduled"), [&](const NSDictionary& entry) {
         UILocalNotification note = recorded(entry);
         mark(note);
-        const double due = field(entry, "due").doubleValue();
-        put(std::move(note), NSDate::dateWithTimeIntervalSince1970(due));
+        const NSDate due = NSDate::dateWithTimeIntervalSince1970(field(entry, "due").doubleValue());
+        // One without a zone is due at a moment, wherever the device is by then.
+        const bool followsZone = isTimeZone(note.timeZone) && !zone.empty();
+        const NSDate dueHere = dateHere(due, followsZone ? zone : note.timeZone);
+        put(std::move(note), dueHere);
     });
-    forEachIn(field(file, "rung"),
-              [&](const NSDictionary& entry) { rung_.push_back(recorded(entry)); });
+    forEachIn(field(file, "rung"), [&](const NSDictionary& entry) {
+        rung_.push_back(recorded(entry));
+        rung_.back().isShown_ = field(entry, "shown").integerValue() != 0;
+    });
     changed_ = false;
 }
 
@@ -126,9 +141,13 @@ void NotificationSchedule::write() {
         scheduled.emplace_back(std::move(dictionary));
     }
     NSArray rung;
-    for (const UILocalNotification& note : rung_)
-        rung.emplace_back(record(note));
+    for (const UILocalNotification& note : rung_) {
+        NSDictionary dictionary = record(note);
+        dictionary.emplace("shown", note.isShown_);
+        rung.emplace_back(std::move(dictionary));
+    }
     const NSDictionary file{{"lastIdentifier", lastIdentifier_},
+                            {"timeZone", Device::current().facts().timeZone},
                             {"scheduled", std::move(scheduled)},
                             {"rung", std::move(rung)}};
     if (writeDictionary(file, Device::current().facts().notificationsFile())) changed_ = false;
@@ -149,30 +168,36 @@ void NotificationSchedule::put(UILocalNotification note, NSDate due) {
     changed_ = true;
 }
 
-void NotificationSchedule::start(Ring ring) {
-    const NSDate now = NSDate::date();
-    std::vector<UILocalNotification> missed;
-    // Jump to the newest times of a weekly one that nobody rang for years.
+/// Jumps to the newest times of a weekly one that nobody rang for years.
+void NotificationSchedule::skipLongPast(NSDate now) {
+    const NSDate oldest = now.dateByAddingTimeInterval(-kWeek * kNewestOfOne);
+    if (byDue_.empty() || byDue_.begin()->first >= oldest) return;
     for (auto& [identifier, entry] : entries_) {
-        const NSDate oldest = now.dateByAddingTimeInterval(-kWeek * kNewestOfOne);
         if (entry.note.repeatInterval == 0 || entry.due >= oldest) continue;
         byDue_.erase({entry.due, identifier});
         entry.due = nextOccurrence(entry.note, oldest);
         byDue_.emplace(entry.due, identifier);
     }
+}
+
+void NotificationSchedule::start(Ring ring, Missed missed) {
+    const NSDate now = NSDate::date();
+    std::vector<UILocalNotification> due;
+    skipLongPast(now);
     while (auto entry = takeDue(now))
-        missed.push_back(std::move(entry->note));
-    const std::size_t dropped = missed.size() - std::min(missed.size(), kNewestOfAll);
-    for (std::size_t i = dropped; i < missed.size(); ++i)
-        addRung(missed[i]);
+        due.push_back(std::move(entry->note));
+    const std::size_t dropped = due.size() - std::min(due.size(), kNewestOfAll);
+    for (std::size_t i = dropped; i < due.size(); ++i)
+        addRung(due[i]);
     ring_ = std::move(ring);
+    missed_ = std::move(missed);
     armClock();
 }
 
 void NotificationSchedule::add(UILocalNotification& note) {
     mark(note);
     const bool repeats = note.repeatInterval != 0 && isSane(note.fireDate);
-    put(note, repeats ? nextOccurrence(note, NSDate::date()) : note.fireDate);
+    put(note, repeats ? nextOccurrence(note, NSDate::date()) : fireDateHere(note));
     armClock();
 }
 
@@ -202,7 +227,22 @@ std::vector<UILocalNotification> NotificationSchedule::scheduled() const {
 void NotificationSchedule::addRung(const UILocalNotification& note) {
     if (rung_.size() >= kNewestOfAll) rung_.erase(rung_.begin());
     rung_.push_back(note);
+    rung_.back().isShown_ = false;
     changed_ = true;
+}
+
+std::vector<UILocalNotification> NotificationSchedule::takeUnshown() {
+    std::vector<UILocalNotification> unshown;
+    for (UILocalNotification& note : rung_) {
+        if (std::exchange(note.isShown_, true)) continue;
+        unshown.push_back(note);
+        changed_ = true;
+    }
+    return unshown;
+}
+
+NSDate NotificationSchedule::fireDateHere(const UILocalNotification& note) {
+    return occurrence(note, 0);
 }
 
 void NotificationSchedule::removeRung(std::size_t index) {
@@ -231,14 +271,32 @@ void NotificationSchedule::armClock() {
     const NSDate due = byDue_.begin()->first;
     if (armedFor_ && *armedFor_ <= due) return;
     armedFor_ = due;
-    const double delay = std::max(0.0, due.timeIntervalSinceDate(NSDate::date()));
-    Device::current().mainQueue().after(delay, [this, due] {
+    const NSDate now = NSDate::date();
+    const double delay = std::max(0.0, due.timeIntervalSinceDate(now));
+    Device::current().mainQueue().after(delay, [this, due, now] {
         if (armedFor_ != due) return;  // an earlier one has taken over since
         armedFor_.reset();
-        while (const auto entry = takeDue(NSDate::date()))
-            ring_(entry->note);
+        runDue(now);
         armClock();
     });
+}
+
+/// The clock was armed at that time. What was overdue by then rings all the same.
+void NotificationSchedule::runDue(NSDate armed) {
+    const NSDate now = NSDate::date();
+    const NSDate asleep = now.dateByAddingTimeInterval(-kAsleepAfter);
+    bool isAnyMissed = false;
+    skipLongPast(now);
+    while (const auto entry = takeDue(now)) {
+        const bool isMissed = entry->due > armed && entry->due < asleep;
+        if (isMissed) {
+            addRung(entry->note);
+        } else {
+            ring_(entry->note);
+        }
+        isAnyMissed = isAnyMissed || isMissed;
+    }
+    if (isAnyMissed) missed_();
 }
 
 }  // namespace gexlo

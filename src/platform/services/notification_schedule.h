@@ -11,11 +11,12 @@
 
 namespace gexlo {
 
-/// Lives in a file that is written at the end of a turn. A weekly notification keeps its time
-/// of day in the device's zone, over summer time as well.
+/// Lives in a file that is written at the end of a turn. A notification with a time zone keeps its
+/// time of day in the device's, whichever that becomes, a weekly one over summer time as well.
 class NotificationSchedule {
 public:
     using Ring = std::function<void(const UILocalNotification&)>;
+    using Missed = std::function<void()>;
 
     NotificationSchedule();
     ~NotificationSchedule();
@@ -23,8 +24,9 @@ public:
     NotificationSchedule& operator=(const NotificationSchedule&) = delete;
 
     /// Rings by the clock from now on. What fell due while nobody rang joins `rung`: of each
-    /// notification the newest 100 times, of all together the newest 1,000.
-    void start(Ring ring);
+    /// notification the newest 100 times, of all together the newest 1,000. So does later what
+    /// falls due while the machine or the process sleeps, and `missed` is called then.
+    void start(Ring ring, Missed missed);
 
     /// Takes the notification and marks it as scheduled; the mark is part of its archive. One
     /// that is scheduled anew keeps its mark. A date that has passed is due at once, a weekly
@@ -41,6 +43,12 @@ public:
     const std::vector<UILocalNotification>& rung() const { return rung_; }
     void addRung(const UILocalNotification& note);
     void removeRung(std::size_t index);
+    /// What rang and was not given here before, oldest first.
+    std::vector<UILocalNotification> takeUnshown();
+
+    /// When the fire date's time of day is here: the fire date itself as long as the device stays
+    /// in the notification's zone.
+    static NSDate fireDateHere(const UILocalNotification& note);
 
 private:
     struct Entry {
@@ -56,7 +64,9 @@ private:
     void put(UILocalNotification note, NSDate due);
     /// Takes what is due, and sets it to its next time or forgets it.
     std::optional<Entry> takeDue(NSDate now);
+    void skipLongPast(NSDate now);
     void armClock();
+    void runDue(NSDate armed);
 
     std::map<NSInteger, Entry> entries_;            // by identifier
     std::set<std::pair<NSDate, NSInteger>> byDue_;  // of the same
@@ -64,6 +74,7 @@ private:
     NSInteger lastIdentifier_ = 0;
     std::optional<NSDate> armedFor_;
     Ring ring_;
+    Missed missed_;
     bool changed_ = false;
 };
 
