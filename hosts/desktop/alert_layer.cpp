@@ -4,56 +4,73 @@
 #include "platform/foundation/device.h"
 #include "platform/views/button.h"
 #include "platform/views/text_input.h"
-#include "platform/views/window.h"
 
 namespace gexlo {
 
-namespace {
+AlertLayer::AlertLayer(QQmlEngine& engine, QQuickItem& phone, ViewPainter& painter,
+                       ViewMirror::Actions actions)
+    : mirror_(engine, phone, painter, std::move(actions)) {}
 
-void collectTexts(const UIView& view, std::vector<std::string>& texts) {
-    if (const auto* field = dynamic_cast<const UITextField*>(&view)) texts.push_back(field->text());
+void AlertLayer::synchronize(const UIWindow& window) {
+    const bool isOther = shown_ != window.alertNumber();
+    shown_ = window.alertNumber();
+    if (window.alerts().empty()) {
+        window_.reset();
+        return mirror_.clear();
+    }
+    const UIAlert& alert = window.alerts().back();
+    if (isOther) build(alert);
+    for (std::size_t i = 0; i < fields_.size(); ++i)
+        fields_[i]->setText(alert.fields[i].text);
+    mirror_.synchronize(*window_);
+}
+
+void AlertLayer::build(const UIAlert& alert) {
+    fields_.clear();
+    window_ = std::make_shared<UIWindow>();
+    window_->addSubview(alertView(alert, window_->frame().size()));
+    wire(*window_);
+    mirror_.takeFocus();
+    if (!fields_.empty()) fields_.front()->becomeFirstResponder();
+}
+
+/// What is typed and pressed here is the alert's, for the driver and the answer alike.
+void AlertLayer::wire(UIView& view) {
+    const auto place = static_cast<std::size_t>(view.tag());
+    if (auto* button = dynamic_cast<UIButton*>(&view)) {
+        button->addAction(UIControlEvent::touchUpInside, [this, place] {
+            if (alert()) UIWindow::keyWindow().answer(place);
+        });
+    } else if (auto* field = dynamic_cast<UITextField*>(&view)) {
+        fields_.push_back(field);
+        field->addAction(UIControlEvent::editingChanged, [this, field, place] {
+            if (alert()) UIWindow::keyWindow().setAlertText(place, field->text());
+        });
+    }
     for (const auto& child : view.subviews())
-        collectTexts(*child, texts);
+        wire(*child);
 }
 
-}  // namespace
-
-AlertLayer::AlertLayer(QQmlEngine& engine, QQuickItem& phone, ViewPainter& painter)
-    : mirror_(engine, phone, painter,
-              {.press = [this](UIView& view) { press(view); },
-               .text = {.focus = [](UITextInput&) {},
-                        .edit = [](UITextInput& input,
-                                   const QString& text) { input.setText(text.toStdString()); },
-                        .returnKey = [](UITextInput&) {}}}) {}
-
-void AlertLayer::synchronize(UIWindow& window) {
-    if (shown_ != window.alertNumber()) {
-        shown_ = window.alertNumber();
-        view_ = window.alerts().empty() ? nullptr
-                                        : alertView(window.alerts().back(), window.frame().size());
-    }
-    if (view_) {
-        mirror_.synchronize(*view_);
-    } else {
-        mirror_.clear();
-    }
+/// Null where another has come, or none is left, since this was shown.
+const UIAlert* AlertLayer::alert() const {
+    const UIWindow& window = UIWindow::keyWindow();
+    return isUp() && shown_ == window.alertNumber() ? &window.alerts().back() : nullptr;
 }
 
-void AlertLayer::touch(CGPoint point) {
-    if (UIView* hit = view_ ? view_->hitTest(point) : nullptr) press(*hit);
+void AlertLayer::answer(std::optional<std::size_t> button) {
+    if (button) Device::current().perform([&] { UIWindow::keyWindow().answer(*button); });
 }
 
-void AlertLayer::press(UIView& view) {
-    const auto* button = dynamic_cast<const UIButton*>(&view);
-    if (!button) return;
-    const auto index = static_cast<std::size_t>(button->tag());
-    Device::current().perform([&, texts = texts()] { UIWindow::keyWindow().answer(index, texts); });
+void AlertLayer::confirm() {
+    if (const UIAlert* shown = alert()) answer(shown->defaultButton());
 }
 
-std::vector<std::string> AlertLayer::texts() const {
-    std::vector<std::string> texts;
-    collectTexts(*view_, texts);
-    return texts;
+/// Where there is but one button, there is but one way out.
+void AlertLayer::cancel() {
+    const UIAlert* shown = alert();
+    if (!shown) return;
+    const auto button = shown->firstButton(UIAlert::Button::Style::cancel);
+    answer(button || shown->buttons.size() != 1 ? button : 0);
 }
 
 }  // namespace gexlo

@@ -1,6 +1,7 @@
 #include "hosts/desktop/screen_item.h"
 
 #include <QGuiApplication>
+#include <QInputMethod>
 #include <QQmlEngine>
 #include <QQuickWindow>
 #include <QStyleHints>
@@ -29,14 +30,25 @@ CGPoint cgPoint(QPointF point) {
     return {point.x(), point.y()};
 }
 
-/// A touch in the middle of a view, by the same way as a finger's.
-void touchMiddle(UIView& view) {
+void press(UIView& view) {
     turn([&] {
-        UIWindow& window = UIWindow::keyWindow();
-        const CGPoint point = view.visibleRect().center();
-        window.touchDown(point);
-        window.touchUp(point);
+        if (UIWindow* window = view.window()) window->press(view);
     });
+}
+
+ViewMirror::Actions actions() {
+    return {
+        .press = press,
+        .text = {.focus =
+                     [](UITextInput& input) {
+                         if (!input.isFirstResponder()) press(input);
+                     },
+                 .edit =
+                     [](UITextInput& input, const QString& text) {
+                         turn([&] { input.replaceAll(text.toStdString()); });
+                     },
+                 .returnKey = [](UITextInput& input) { turn([&] { input.returnKey(); }); }},
+    };
 }
 
 }  // namespace
@@ -46,7 +58,7 @@ ScreenItem::ScreenItem(QQmlEngine& engine, ViewPainter& painter)
     setAcceptedMouseButtons(Qt::LeftButton);
     setAcceptTouchEvents(true);
     mirror_ = std::make_unique<ViewMirror>(engine, *phone_, painter, actions());
-    alert_ = std::make_unique<AlertLayer>(engine, *phone_, painter);
+    alert_ = std::make_unique<AlertLayer>(engine, *phone_, painter, actions());
     const CGSize size = UIWindow::keyWindow().frame().size();
     phone_->setSize({size.width, size.height});
     phone_->setTransformOrigin(QQuickItem::TopLeft);
@@ -56,19 +68,9 @@ ScreenItem::ScreenItem(QQmlEngine& engine, ViewPainter& painter)
 
 ScreenItem::~ScreenItem() = default;
 
-ViewMirror::Actions ScreenItem::actions() {
-    return {
-        .press = touchMiddle,
-        .text = {.focus =
-                     [](UITextInput& input) {
-                         if (!input.isFirstResponder()) touchMiddle(input);
-                     },
-                 .edit =
-                     [](UITextInput& input, const QString& text) {
-                         turn([&] { input.replaceAll(text.toStdString()); });
-                     },
-                 .returnKey = [](UITextInput& input) { turn([&] { input.returnKey(); }); }},
-    };
+/// What touches and keys go to.
+UIWindow& ScreenItem::surface() const {
+    return alert_->isUp() ? alert_->window() : UIWindow::keyWindow();
 }
 
 void ScreenItem::scheduleSynchronization() {
@@ -81,8 +83,14 @@ void ScreenItem::scheduleSynchronization() {
 void ScreenItem::synchronize() {
     isScheduled_ = false;
     UIWindow& window = UIWindow::keyWindow();
+    const bool isCovered = !window.alerts().empty() || window.isCovered();
+    // What comes between ends a touch.
+    if (window.alertNumber() != alert_->number() || isCovered != isCovered_) cancel();
+    isCovered_ = isCovered;
+    mirror_->root().setEnabled(!isCovered);
     mirror_->synchronize(window);
     alert_->synchronize(window);
+    if (!alert_->isUp() && alert_->hasFocus()) mirror_->root().forceActiveFocus();
 }
 
 bool ScreenItem::isAnimating() const {
@@ -112,6 +120,7 @@ void ScreenItem::geometryChange(const QRectF& now, const QRectF& former) {
 void ScreenItem::itemChange(ItemChange change, const ItemChangeData& value) {
     QQuickItem::itemChange(change, value);
     if (change == ItemDevicePixelRatioHasChanged || change == ItemSceneChange) fit();
+    if (change == ItemSceneChange && value.window) value.window->installEventFilter(this);
 }
 
 QPointF ScreenItem::onPhone(QPointF point) const {
@@ -124,16 +133,15 @@ void ScreenItem::press(QPointF point, qint64 milliseconds) {
     Q_UNUSED(milliseconds)
     isDown_ = true;
     pressed_ = point;
-    if (alert_->isUp()) return;
-    turn([&] { UIWindow::keyWindow().touchDown(cgPoint(point)); });
+    turn([&] { surface().touchDown(cgPoint(point)); });
 }
 
 void ScreenItem::move(QPointF point, qint64 milliseconds) {
-    if (!isDown_ || alert_->isUp()) return;
+    if (!isDown_) return;
     if (scroller_.isDragging()) return scroller_.moveTo(point, milliseconds);
     const QPointF distance = point - pressed_;
     if (std::hypot(distance.x(), distance.y()) < kSlop) return;
-    UIWindow& window = UIWindow::keyWindow();
+    UIWindow& window = surface();
     UIView* touched = window.touched() ? window.touched() : window.hitTest(cgPoint(pressed_));
     auto scroll = Scroller::scrollViewFor(touched, distance);
     if (!scroll) return turn([&] { window.touchMoved(cgPoint(point)); });
@@ -146,26 +154,22 @@ void ScreenItem::move(QPointF point, qint64 milliseconds) {
 void ScreenItem::release(QPointF point, qint64 milliseconds) {
     if (!isDown_) return;
     isDown_ = false;
-    if (alert_->isUp()) {
-        alert_->touch(cgPoint(point));
-    } else if (scroller_.isDragging()) {
-        scroller_.end(milliseconds);
-    } else {
-        turn([&] { UIWindow::keyWindow().touchUp(cgPoint(point)); });
-    }
+    if (scroller_.isDragging()) return scroller_.end(milliseconds);
+    turn([&] { surface().touchUp(cgPoint(point)); });
 }
 
 void ScreenItem::cancel() {
     if (!isDown_) return;
     isDown_ = false;
-    turn([] { UIWindow::keyWindow().touchCancel(); });
+    if (scroller_.isDragging()) return scroller_.interrupt();
+    turn([&] { surface().touchCancel(); });
 }
 
 /// Desktops are used to two clicks where a phone wants one: the second must not reach what the
 /// first one has brought to light.
 bool ScreenItem::isStrayClick(QPointF point, qint64 milliseconds) {
     UIWindow& window = UIWindow::keyWindow();
-    UIView* hit = window.hitTest(cgPoint(point));
+    UIView* hit = surface().hitTest(cgPoint(point));
     const std::optional<Click> former =
         std::exchange(click_, Click{milliseconds, point, window.alertNumber(),
                                     hit ? hit->weak_from_this() : std::weak_ptr<UIView>()});
@@ -178,7 +182,7 @@ bool ScreenItem::isStrayClick(QPointF point, qint64 milliseconds) {
 }
 
 void ScreenItem::mousePressEvent(QMouseEvent* event) {
-    forceActiveFocus();
+    if (!alert_->isUp()) mirror_->takeFocus();
     const QPointF point = onPhone(event->position());
     const auto time = static_cast<qint64>(event->timestamp());
     if (!isStrayClick(point, time)) press(point, time);
@@ -221,14 +225,62 @@ void ScreenItem::touchUngrabEvent() {
 }
 
 void ScreenItem::wheelEvent(QWheelEvent* event) {
-    if (alert_->isUp()) return;
     QPointF distance = event->pixelDelta().isNull()
                            ? QPointF(event->angleDelta()) / 120.0 * kWheelStep
                            : QPointF(event->pixelDelta()) / phone_->scale();
     if (event->modifiers() & Qt::ShiftModifier) distance = distance.transposed();
-    UIView* under = UIWindow::keyWindow().hitTest(cgPoint(onPhone(event->position())));
+    UIView* under = surface().hitTest(cgPoint(onPhone(event->position())));
     if (auto scroll = Scroller::scrollViewFor(under, distance))
         scroller_.scrollBy(scroll, -distance);
+}
+
+// MARK: keys
+
+bool ScreenItem::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && window()) {
+        const QQuickItem* focused = window()->activeFocusItem();
+        const bool isOurs = !focused || focused == window()->contentItem() || focused == this ||
+                            isAncestorOf(focused);
+        if (isOurs && takeKey(static_cast<QKeyEvent&>(*event))) return true;
+    }
+    return QQuickItem::eventFilter(watched, event);
+}
+
+/// Tab goes round what a finger could reach, and an alert hears return and escape.
+bool ScreenItem::takeKey(const QKeyEvent& key) {
+    const bool isTab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
+    if (isTab && !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier))) {
+        moveFocus(key.key() == Qt::Key_Tab && !(key.modifiers() & Qt::ShiftModifier));
+        return true;
+    }
+    const bool isReturn = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+    if (!alert_->isUp() || (!isReturn && key.key() != Qt::Key_Escape)) return false;
+    // A button that has the focus is pressed itself.
+    const auto* item = qobject_cast<const ViewItem*>(window()->activeFocusItem());
+    if (isReturn && item && item->view()) return false;
+    // A key that is held has brought the alert, and does not take it away.
+    if (key.isAutoRepeat()) return true;
+    QGuiApplication::inputMethod()->commit();
+    isReturn ? alert_->confirm() : alert_->cancel();
+    return true;
+}
+
+void ScreenItem::moveFocus(bool forward) {
+    QQuickItem* from = window()->activeFocusItem();
+    if (!from) from = this;
+    const QQuickItem* first = nullptr;
+    for (QQuickItem* item = from->nextItemInFocusChain(forward);
+         item && item != from && item != first; item = item->nextItemInFocusChain(forward)) {
+        if (!first) first = item;
+        if (!takesFocus(*item)) continue;
+        return item->forceActiveFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    }
+}
+
+bool ScreenItem::takesFocus(const QQuickItem& item) const {
+    if (!isAncestorOf(&item)) return !alert_->isUp();
+    const auto view = ViewMirror::viewOf(item);
+    return view && view->window() == &surface() && surface().canReach(*view);
 }
 
 }  // namespace gexlo

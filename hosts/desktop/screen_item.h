@@ -15,6 +15,7 @@ class QQmlEngine;
 namespace gexlo {
 
 class AlertLayer;
+class UIWindow;
 
 /// As large as the window; what it shows is scaled whole into it.
 class ScreenItem final : public QQuickItem {
@@ -37,6 +38,9 @@ public:
     void release(QPointF point, qint64 milliseconds);
     void cancel();
 
+    /// Keys that the window's items do not sort out among themselves.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -49,7 +53,10 @@ protected:
     void itemChange(ItemChange change, const ItemChangeData& value) override;
 
 private:
-    ViewMirror::Actions actions();
+    UIWindow& surface() const;
+    bool takeKey(const QKeyEvent& key);
+    void moveFocus(bool forward);
+    bool takesFocus(const QQuickItem& item) const;
     QPointF onPhone(QPointF point) const;
     void fit();
     bool isStrayClick(QPointF point, qint64 milliseconds);
@@ -69,6 +76,7 @@ private:
     std::optional<Click> click_;
     QPointF pressed_;
     bool isDown_ = false;
+    bool isCovered_ = false;
     bool isScheduled_ = false;
 };
 

@@ -103,9 +103,15 @@ QPointF Scroller::speed(qint64 now) const {
 }
 
 void Scroller::end(qint64 milliseconds) {
-    if (!isDragging()) return;
+    if (isDragging()) comeToRest(speed(milliseconds));
+}
+
+void Scroller::interrupt() {
+    if (isDragging()) comeToRest({});
+}
+
+void Scroller::comeToRest(QPointF fast) {
     dragging_ = false;
-    const QPointF fast = speed(milliseconds);
     const CGSize content = view_->contentSize();
     const CGSize visible = view_->frame().size();
     const CGPoint offset = view_->contentOffset();

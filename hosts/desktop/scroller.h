@@ -25,6 +25,8 @@ public:
     void begin(std::shared_ptr<UIScrollView> view, QPointF point, qint64 milliseconds);
     void moveTo(QPointF point, qint64 milliseconds);
     void end(qint64 milliseconds);
+    /// Ends as if the finger had rested.
+    void interrupt();
     /// By the wheel of a mouse, within the content.
     void scrollBy(const std::shared_ptr<UIScrollView>& view, QPointF distance);
     bool isDragging() const { return view_ != nullptr && dragging_; }
@@ -38,6 +40,7 @@ private:
     };
 
     QPointF speed(qint64 now) const;
+    void comeToRest(QPointF fast);
     void glideTo(CGPoint offset, int milliseconds);
     void setOffset(CGPoint offset);
 

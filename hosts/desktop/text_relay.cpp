@@ -2,6 +2,7 @@
 
 #include "hosts/drawing/qt_values.h"
 #include "platform/views/text_input.h"
+#include "platform/views/window.h"
 
 namespace gexlo {
 
@@ -15,6 +16,12 @@ TextRelay::TextRelay(QQuickItem& item, std::weak_ptr<UIView> view, const TextAct
 
 std::shared_ptr<UITextInput> TextRelay::input() const {
     return std::dynamic_pointer_cast<UITextInput>(view_.lock());
+}
+
+void TextRelay::followReach() {
+    const auto field = input();
+    UIWindow* window = field ? field->window() : nullptr;
+    item_.setEnabled(window && field->isEnabled() && window->canReach(*field));
 }
 
 void TextRelay::edited(const QString& text) {

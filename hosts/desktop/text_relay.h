@@ -24,14 +24,17 @@ class TextRelay final : public QObject {
 public:
     TextRelay(QQuickItem& item, std::weak_ptr<UIView> view, const TextActions& actions);
 
+    /// The field, or null once it has gone.
+    std::shared_ptr<UITextInput> input() const;
+    /// Takes keys and clicks only where a finger would reach the field.
+    void followReach();
+
 private Q_SLOTS:
     void edited(const QString& text);
     void returned();
     void focused();
 
 private:
-    std::shared_ptr<UITextInput> input() const;
-
     QQuickItem& item_;
     std::weak_ptr<UIView> view_;
     const TextActions& actions_;

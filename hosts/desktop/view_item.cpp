@@ -112,7 +112,8 @@ void ViewItem::keyPressEvent(QKeyEvent* event) {
         case Qt::Key_Space:
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            Q_EMIT pressed();
+            // A key that is held presses once.
+            if (!event->isAutoRepeat()) Q_EMIT pressed();
             return;
         default:
             QQuickItem::keyPressEvent(event);

@@ -6,6 +6,8 @@
 #include <QImage>
 #include <QQuickItem>
 #include <QString>
+#include <memory>
+#include <utility>
 
 #include "platform/views/view.h"
 
@@ -22,6 +24,9 @@ class ViewItem : public QQuickItem {
 public:
     explicit ViewItem(QQuickItem* parent = nullptr);
 
+    /// What it stands for, where the keyboard reaches it.
+    std::shared_ptr<UIView> view() const { return view_.lock(); }
+    void setView(std::weak_ptr<UIView> view) { view_ = std::move(view); }
     /// Takes over the looks of a view, painted at that many pixels a point.
     void show(const UIView& view, ViewPainter& painter, double scale);
     void hideLooks();
@@ -41,6 +46,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    std::weak_ptr<UIView> view_;
     bool isPlain_ = true;  // one colour and nothing else
     QColor color_;
     QImage picture_;

@@ -116,6 +116,7 @@ ViewMirror::ViewMirror(QQmlEngine& engine, QQuickItem& root, ViewPainter& painte
     textField_.loadUrl(QUrl(QStringLiteral("qrc:/gexlo/qml/TextField.qml")));
     textView_.loadUrl(QUrl(QStringLiteral("qrc:/gexlo/qml/TextView.qml")));
     root_->item = new ViewItem(&root);
+    root_->item->setFlag(QQuickItem::ItemIsFocusScope);
 }
 
 ViewMirror::~ViewMirror() = default;
@@ -130,6 +131,28 @@ void ViewMirror::synchronize(UIView& root) {
     showView(root, *root_, root.frame());
     root.changesWereRead();
     everythingChanged_ = false;
+    // Others may have come over a field that has not changed itself.
+    std::erase(texts_, nullptr);
+    for (const auto& text : texts_) {
+        if (root_->item->isEnabled()) text->followReach();
+    }
+}
+
+QQuickItem& ViewMirror::root() const {
+    return *root_->item;
+}
+
+void ViewMirror::takeFocus() {
+    if (QQuickItem* focused = root().scopedFocusItem()) focused->setFocus(false);
+    root().forceActiveFocus();
+}
+
+std::shared_ptr<UIView> ViewMirror::viewOf(const QQuickItem& item) {
+    if (const auto* view = qobject_cast<const ViewItem*>(&item)) return view->view();
+    const QQuickItem* parent = item.parentItem();
+    const auto* relay =
+        parent ? parent->findChild<TextRelay*>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
+    return relay ? relay->input() : nullptr;
 }
 
 void ViewMirror::clear() {
@@ -165,6 +188,7 @@ std::unique_ptr<ViewMirror::Node> ViewMirror::newNode(UIView& view, Kind kind, Q
         case Kind::touchable:
             node->item = create(touchable_);
             node->item->setActiveFocusOnTab(true);
+            node->viewItem()->setView(node->view);
             QObject::connect(node->viewItem(), &ViewItem::pressed, node->item, [this, viewOf] {
                 if (const auto held = viewOf()) actions_.press(*held);
             });
@@ -172,7 +196,8 @@ std::unique_ptr<ViewMirror::Node> ViewMirror::newNode(UIView& view, Kind kind, Q
         case Kind::textField:
         case Kind::textView: {
             node->item = create(kind == Kind::textField ? textField_ : textView_);
-            new TextRelay(*node->item, node->view, actions_.text);  // ends with the item
+            // Ends with the item.
+            texts_.emplace_back(new TextRelay(*node->item, node->view, actions_.text));
             break;
         }
     }
@@ -289,15 +314,14 @@ void ViewMirror::showText(UITextInput& input, Node& node) {
     item.setProperty("color", qtColor(input.backgroundColor()));
     item.setProperty("borderColor", qtColor(input.borderColor()));
     item.setProperty("borderWidth", std::ceil(input.borderWidth()));
-    item.setEnabled(input.isEnabled());
     if (const auto* field = dynamic_cast<UITextField*>(&input)) {
         item.setProperty("secure", field->isSecureTextEntry());
     }
     const QString text = qtText(input.text());
     if (item.property("text").toString() != text) item.setProperty("text", text);
     if (input.isFirstResponder()) {
-        item.forceActiveFocus();
-    } else if (item.hasActiveFocus()) {
+        if (item.isEnabled()) item.forceActiveFocus();
+    } else if (item.hasFocus()) {
         item.setFocus(false);
     }
 }

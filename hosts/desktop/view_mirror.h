@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <unordered_map>
+#include <vector>
 
 #include "hosts/desktop/text_relay.h"
 #include "hosts/desktop/view_item.h"
@@ -36,6 +37,13 @@ public:
     void synchronize(UIView& root);
     /// Takes everything off the window.
     void clear();
+    /// What all the items lie in, with a focus of its own; while it is disabled, nothing in it
+    /// takes keys or clicks.
+    QQuickItem& root() const;
+    /// Takes the keyboard for the whole, and for none of its items.
+    void takeFocus();
+    /// The view that an item with the focus stands for, or null.
+    static std::shared_ptr<UIView> viewOf(const QQuickItem& item);
     /// Whether something still moves towards its place.
     bool isAnimating() const { return running_ > 0; }
 
@@ -62,6 +70,7 @@ private:
     QQmlComponent touchable_;
     QQmlComponent textField_;
     QQmlComponent textView_;
+    std::vector<QPointer<TextRelay>> texts_;
     std::unique_ptr<Node> root_;
 };
 

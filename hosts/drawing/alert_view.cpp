@@ -4,8 +4,10 @@
 #include <string>
 
 #include "hosts/drawing/qt_text_measure.h"
+#include "platform/views/activity_indicator_view.h"
 #include "platform/views/button.h"
 #include "platform/views/label.h"
+#include "platform/views/scroll_view.h"
 #include "platform/views/text_input.h"
 
 namespace gexlo {
@@ -50,7 +52,18 @@ std::vector<Choice> choicesOf(const UIAlert& alert) {
     return choices;
 }
 
-/// A panel that grows downwards.
+/// A part of a panel that grows downwards, and scrolls where it has less room than it takes.
+struct Section {
+    std::shared_ptr<UIScrollView> view = std::make_shared<UIScrollView>();
+    double height = 0;
+
+    void placeAt(double y, double width, double room) {
+        view->setContentSize({width, height});
+        view->setFrame({0, y, width, std::min(height, room)});
+    }
+};
+
+/// Texts over fields over buttons.
 class Panel {
 public:
     Panel(double width, const Looks& looks)
@@ -58,16 +71,19 @@ public:
         view_->setBackgroundColor(kPanel);
         view_->setCornerRadius(kRadius);
         view_->setClipsToBounds(true);
+        for (const Section* section : {&texts_, &fields_, &buttons_})
+            view_->addSubview(section->view);
     }
 
     void addTexts(const UIAlert& alert) {
+        if (alert.isBusy()) addWaiting();
         if (alert.title.empty() && alert.message.empty() && alert.fields.empty()) return;
-        height_ += kMargin;
+        texts_.height += kMargin;
         addText(alert.title, {"", looks_.titleSize, looks_.titleBold});
         addText(alert.message, UIFont::systemFontOfSize(13));
         for (const UIAlert::Field& field : alert.fields)
             addField(field);
-        height_ += kMargin;
+        (alert.fields.empty() ? texts_ : fields_).height += kMargin;
     }
 
     /// In one row, or each in its own.
@@ -76,74 +92,91 @@ public:
         const double width =
             beside ? this->width() / static_cast<double>(buttons.size()) : this->width();
         double x = 0;
+        double& y = buttons_.height;
         for (const Choice& button : buttons) {
-            addLine({x, height_, width, kHairline});
-            if (x > 0) addLine({x, height_, kHairline, looks_.buttonHeight});
-            addButton(button, {x, height_, width, looks_.buttonHeight});
-            if (beside) {
-                x += width;
-            } else {
-                height_ += looks_.buttonHeight;
-            }
+            addLine({x, y, width, kHairline});
+            if (x > 0) addLine({x, y, kHairline, looks_.buttonHeight});
+            addButton(button, {x, y, width, looks_.buttonHeight});
+            (beside ? x : y) += beside ? width : looks_.buttonHeight;
         }
-        if (beside) height_ += looks_.buttonHeight;
+        if (beside) y += looks_.buttonHeight;
+    }
+
+    /// The texts give way to the buttons, which leave them half of the room.
+    void fitInto(double room) {
+        room -= fields_.height;
+        const double forButtons = std::max(room / 2, room - texts_.height);
+        const double forTexts = room - std::min(buttons_.height, forButtons);
+        texts_.placeAt(0, width(), forTexts);
+        fields_.placeAt(texts_.view->frame().maxY(), width(), fields_.height);
+        buttons_.placeAt(fields_.view->frame().maxY(), width(), forButtons);
     }
 
     double width() const { return view_->frame().width; }
-    double height() const { return height_; }
+    double height() const { return buttons_.view->frame().maxY(); }
     std::shared_ptr<UIView> at(CGPoint origin) {
-        view_->setFrame({origin.x, origin.y, width(), height_});
+        view_->setFrame({origin.x, origin.y, width(), height()});
         return view_;
     }
 
 private:
     void addText(const std::string& text, const UIFont& font) {
+        static constexpr double kHighest = 8000;  // more than anybody reads, and can be painted
         if (text.empty()) return;
         const double inner = width() - 2 * kMargin;
-        const double height = QtTextMeasure().sizeOfText(text, font, inner).height;
-        auto label = std::make_shared<UILabel>(CGRect{kMargin, height_, inner, height});
-        label->setText(text);
-        label->setFont(font);
-        label->setTextColor(looks_.textColor);
-        label->setTextAlignment(NSTextAlignment::center);
-        label->setNumberOfLines(0);
-        view_->addSubview(std::move(label));
-        height_ += height + 4;
+        const double height =
+            std::min(kHighest, QtTextMeasure().sizeOfText(text, font, inner).height);
+        auto& label = texts_.view->add<UILabel>(CGRect{kMargin, texts_.height, inner, height});
+        label.setText(text);
+        label.setFont(font);
+        label.setTextColor(looks_.textColor);
+        label.setTextAlignment(NSTextAlignment::center);
+        label.setNumberOfLines(0);
+        texts_.height += height + 4;
+    }
+
+    void addWaiting() {
+        static constexpr double kHeight = 64;
+        auto& wheel =
+            texts_.view->add<UIActivityIndicatorView>(CGRect{0, texts_.height, width(), kHeight});
+        wheel.startAnimating();
+        texts_.height += kHeight;
     }
 
     void addField(const UIAlert::Field& field) {
-        auto view = std::make_shared<UITextField>(
-            CGRect{kMargin, height_ + 4, width() - 2 * kMargin, kFieldHeight});
-        view->setText(field.text);
-        view->setPlaceholder(field.placeholder);
-        view->setSecureTextEntry(field.secure);
-        view->setBackgroundColor(UIColor::whiteColor());
-        view->setBorder(kHairline, kLine);
-        view->setCornerRadius(kFieldRadius);
-        view_->addSubview(std::move(view));
-        height_ += 4 + kFieldHeight;
+        auto& view = fields_.view->add<UITextField>(
+            CGRect{kMargin, fields_.height + 4, width() - 2 * kMargin, kFieldHeight});
+        view.setTag(static_cast<NSInteger>(fields_.view->subviews().size()) - 1);
+        view.setText(field.text);
+        view.setPlaceholder(field.placeholder);
+        view.setSecureTextEntry(field.secure);
+        view.setBackgroundColor(UIColor::whiteColor());
+        view.setBorder(kHairline, kLine);
+        view.setCornerRadius(kFieldRadius);
+        fields_.height += 4 + kFieldHeight;
     }
 
     void addButton(const Choice& choice, CGRect frame) {
         const Button& button = *choice.button;
         const bool isDestructive = button.style == Button::Style::destructive;
-        auto view = std::make_shared<UIButton>(frame);
-        view->setTag(choice.index);
-        view->setTitle(button.title);
-        view->setFont({"", looks_.buttonSize, button.style == Button::Style::cancel});
-        view->setTitleColor(isDestructive ? kDestructive : kAction);
-        view_->addSubview(std::move(view));
+        auto& view = buttons_.view->add<UIButton>(frame);
+        view.setTag(choice.index);
+        view.setTitle(button.title);
+        view.setFont({"", looks_.buttonSize, button.style == Button::Style::cancel});
+        view.setTitleColor(isDestructive ? kDestructive : kAction);
     }
 
     void addLine(CGRect frame) {
-        auto line = std::make_shared<UIView>(frame);
-        line->setBackgroundColor(kLine);
-        view_->addSubview(std::move(line));
+        auto& line = buttons_.view->add<UIView>(frame);
+        line.setBackgroundColor(kLine);
+        line.setUserInteractionEnabled(false);
     }
 
     std::shared_ptr<UIView> view_;
     const Looks& looks_;
-    double height_ = 0;
+    Section texts_;
+    Section fields_;
+    Section buttons_;
 };
 
 void addAlert(UIView& dim, const UIAlert& alert, CGSize screen) {
@@ -151,6 +184,7 @@ void addAlert(UIView& dim, const UIAlert& alert, CGSize screen) {
     Panel panel(std::min(kWidth, screen.width - 2 * kMargin), kAlertLooks);
     panel.addTexts(alert);
     panel.addButtons(choicesOf(alert), alert.buttons.size() == 2);
+    panel.fitInto(screen.height - 2 * kMargin);
     dim.addSubview(
         panel.at({(screen.width - panel.width()) / 2, (screen.height - panel.height()) / 2}));
 }
@@ -167,8 +201,11 @@ void addSheet(UIView& dim, const UIAlert& alert, CGSize screen) {
     above.addButtons(choices, false);
     Panel below(above.width(), kSheetLooks);
     below.addButtons(cancels, false);
+    below.fitInto(screen.height - 2 * kGap);
     const double footY = screen.height - kGap - below.height();
-    dim.addSubview(above.at({kGap, footY - (cancels.empty() ? 0 : kGap) - above.height()}));
+    const double aboveEnd = footY - (cancels.empty() ? 0 : kGap);
+    above.fitInto(aboveEnd - kGap);
+    dim.addSubview(above.at({kGap, aboveEnd - above.height()}));
     dim.addSubview(below.at({kGap, footY}));
 }
 

@@ -8,8 +8,8 @@
 
 namespace gexlo {
 
-/// As large as the screen: what dims it, with the panel in the middle or at the foot. The tag
-/// of each button is its index.
+/// As large as the screen: what dims it, with the panel in the middle or at the foot. What has
+/// no room there scrolls. The tag of each button and each field is its index.
 std::shared_ptr<UIView> alertView(const UIAlert& alert, CGSize screen);
 
 }  // namespace gexlo

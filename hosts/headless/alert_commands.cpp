@@ -1,6 +1,5 @@
 // Alerts and sheets, and answering them.
 #include "hosts/headless/driver_command.h"
-#include "hosts/headless/json_views.h"
 #include "platform/foundation/device.h"
 #include "platform/views/window.h"
 
@@ -9,6 +8,30 @@ namespace gexlo {
 using nlohmann::json;
 
 namespace {
+
+json placeOf(std::optional<std::size_t> button) {
+    return button ? json(*button) : json();
+}
+
+json jsonFromAlert(const UIAlert& alert) {
+    using Style = UIAlert::Button::Style;
+    json buttons = json::array();
+    for (const UIAlert::Button& button : alert.buttons)
+        buttons.push_back(button.title);
+    json fields = json::array();
+    for (const UIAlert::Field& field : alert.fields) {
+        fields.push_back(
+            {{"placeholder", field.placeholder}, {"text", field.text}, {"secure", field.secure}});
+    }
+    return {{"kind", alert.kind == UIAlert::Kind::sheet ? "sheet" : "alert"},
+            {"title", alert.title},
+            {"message", alert.message},
+            {"buttons", std::move(buttons)},
+            {"destructive", placeOf(alert.firstButton(Style::destructive))},
+            {"cancel", placeOf(alert.firstButton(Style::cancel))},
+            {"fields", std::move(fields)},
+            {"busy", alert.isBusy()}};
+}
 
 json alert(const json&) {
     json stack = json::array();

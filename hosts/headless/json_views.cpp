@@ -137,20 +137,4 @@ json jsonFromTree(UIView& view, bool all) {
     return treeOf(view, all);
 }
 
-json jsonFromAlert(const UIAlert& alert) {
-    json buttons = json::array();
-    for (const UIAlert::Button& button : alert.buttons)
-        buttons.push_back(button.title);
-    json fields = json::array();
-    for (const UIAlert::Field& field : alert.fields) {
-        fields.push_back(
-            {{"placeholder", field.placeholder}, {"text", field.text}, {"secure", field.secure}});
-    }
-    return {{"kind", alert.kind == UIAlert::Kind::sheet ? "sheet" : "alert"},
-            {"title", alert.title},
-            {"message", alert.message},
-            {"buttons", std::move(buttons)},
-            {"fields", std::move(fields)}};
-}
-
 }  // namespace gexlo

@@ -1,9 +1,8 @@
-// Views and alerts as the driver's JSON.
+// Views as the driver's JSON.
 #pragma once
 
 #include <nlohmann/json.hpp>
 
-#include "platform/views/alert.h"
 #include "platform/views/view.h"
 
 namespace gexlo {
@@ -12,6 +11,5 @@ namespace gexlo {
 nlohmann::json jsonFromView(UIView& view);
 /// A view with all under it, those that cannot be seen only if asked for.
 nlohmann::json jsonFromTree(UIView& view, bool all);
-nlohmann::json jsonFromAlert(const UIAlert& alert);
 
 }  // namespace gexlo

@@ -13,52 +13,88 @@ using nlohmann::json;
 
 namespace {
 
-UITextInput& focusedInput() {
-    UIWindow& window = UIWindow::keyWindow();
-    if (!window.alerts().empty()) throw CommandError("an alert is up");
-    UITextInput* input = window.firstResponder();
-    if (!input) throw CommandError("no field has the focus");
-    return *input;
-}
+/// What the keyboard writes to: a field of the topmost alert, else the one that has the focus.
+class WrittenField {
+public:
+    explicit WrittenField(const json& fields)
+        : place_(placeOf(fields)), isOfAlert_(!window().alerts().empty()) {
+        if (isOfAlert_ && !isThere(fields)) throw CommandError("the alert has no such field");
+        if (!isThere(fields)) throw CommandError("no field has the focus");
+        // It may leave the screen by what it is told.
+        if (!isOfAlert_) {
+            input_ = std::static_pointer_cast<UITextInput>(
+                window().firstResponder()->shared_from_this());
+        }
+    }
+    static bool isThere(const json& fields) {
+        if (window().alerts().empty()) return window().firstResponder() != nullptr;
+        return placeOf(fields) < window().alerts().back().fields.size();
+    }
 
-/// In a turn of its own; a field may leave the screen by what it is told.
-template <typename Act>
-json withFocus(Act act) {
-    UITextInput& input = focusedInput();
-    const auto held = input.shared_from_this();
-    Device::current().perform([&] { act(input); });
-    return {{"text", input.text()}};
-}
+    const std::string& text() const {
+        return isOfAlert_ ? window().alerts().back().fields[place_].text : input_->text();
+    }
+    void insert(std::string_view text) {
+        if (isOfAlert_) return write(this->text() + onOneLine(text));
+        Device::current().perform([&] { input_->insertText(text); });
+    }
+    void clear() {
+        if (isOfAlert_) return write("");
+        Device::current().perform([&] { input_->deleteAll(); });
+    }
+    /// A field of an alert has no return action.
+    void pressReturn() {
+        if (!isOfAlert_) Device::current().perform([&] { input_->returnKey(); });
+    }
+
+private:
+    static UIWindow& window() { return UIWindow::keyWindow(); }
+    static std::size_t placeOf(const json& fields) {
+        return optionalIndex(fields, "field").value_or(0);
+    }
+    void write(const std::string& text) {
+        Device::current().perform([&] { window().setAlertText(place_, text); });
+    }
+
+    std::size_t place_;
+    bool isOfAlert_;
+    std::shared_ptr<UITextInput> input_;
+};
 
 /// What was typed can move the focus on, as between the fields of a time: the rest goes to
 /// the field that has it then.
 json type(const json& fields) {
     const std::string text = textField(fields, "text");
-    focusedInput();
+    WrittenField first(fields);
     for (const std::string_view character : charactersOf(text)) {
-        if (!UIWindow::keyWindow().firstResponder()) break;
-        withFocus([&](UITextInput& input) {
-            if (character == "\n") {
-                input.returnKey();
-            } else {
-                input.insertText(character);
-            }
-        });
+        if (!WrittenField::isThere(fields)) break;
+        WrittenField field(fields);
+        if (character == "\n") {
+            field.pressReturn();
+        } else {
+            field.insert(character);
+        }
     }
     return nothing();
 }
 
 json paste(const json& fields) {
     const std::string text = textField(fields, "text");
-    return withFocus([&](UITextInput& input) { input.insertText(text); });
+    WrittenField field(fields);
+    field.insert(text);
+    return {{"text", field.text()}};
 }
 
-json clear(const json&) {
-    return withFocus([](UITextInput& input) { input.deleteAll(); });
+json clear(const json& fields) {
+    WrittenField field(fields);
+    field.clear();
+    return {{"text", field.text()}};
 }
 
-json returnKey(const json&) {
-    return withFocus([](UITextInput& input) { input.returnKey(); });
+json returnKey(const json& fields) {
+    WrittenField field(fields);
+    field.pressReturn();
+    return {{"text", field.text()}};
 }
 
 json set(const json& fields) {

@@ -27,6 +27,8 @@ FocusScope {
         focus: true
         anchors { fill: parent; leftMargin: 7; rightMargin: 7 }
         verticalAlignment: TextInput.AlignVCenter
+        clip: true
+        autoScroll: activeFocus  // without the focus it shows its beginning
         selectByMouse: true
         activeFocusOnTab: true
         echoMode: field.secure ? TextInput.Password : TextInput.Normal

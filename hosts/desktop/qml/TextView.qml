@@ -23,8 +23,14 @@ FocusScope {
         border.width: 0
     }
     Flickable {
-        anchors { fill: parent; leftMargin: 5; rightMargin: 5; topMargin: 8 }
+        id: page
+        anchors { fill: parent; leftMargin: 5; rightMargin: 5; topMargin: 8; bottomMargin: box.border.width }
         contentHeight: input.height
+        clip: true
+        // The cursor is in sight; without the focus the beginning is.
+        function show(line) {
+            contentY = Math.max(Math.min(contentY, line.y), line.y + line.height - height)
+        }
         TextEdit {
             id: input
             focus: true
@@ -33,7 +39,11 @@ FocusScope {
             selectByMouse: true
             activeFocusOnTab: true
             onTextChanged: if (activeFocus) field.edited(text)
-            onActiveFocusChanged: if (activeFocus) field.focused()
+            onActiveFocusChanged: {
+                if (activeFocus) field.focused()
+                else page.contentY = 0
+            }
+            onCursorRectangleChanged: if (activeFocus) page.show(cursorRectangle)
             Accessible.role: Accessible.EditableText
             Accessible.name: field.spokenName
         }

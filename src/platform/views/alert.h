@@ -1,8 +1,10 @@
 // An alert or a sheet of choices: it lies over everything until a button is pressed.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,6 +38,13 @@ struct UIAlert {
 
     /// An alert of one button after which nothing follows.
     static UIAlert notice(std::string title, std::string message, std::string button);
+
+    std::optional<std::size_t> firstButton(Button::Style style) const;
+    /// What a keyboard's return key stands for: the last button that neither cancels nor
+    /// destroys, else the one that cancels. A sheet of several choices has none.
+    std::optional<std::size_t> defaultButton() const;
+    /// One without a button only waits.
+    bool isBusy() const { return buttons.empty(); }
 
     /// Puts it over the key window, above those that are up.
     void show() &&;

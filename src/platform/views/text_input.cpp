@@ -6,6 +6,32 @@
 
 namespace gexlo {
 
+namespace {
+
+/// How many bytes of a line break the text begins with.
+std::size_t lineBreakAt(std::string_view text) {
+    for (const std::string_view end : {"\n", "\r", "\v", "\f", "\u0085", "\u2028", "\u2029"})
+        if (text.starts_with(end)) return end.size();
+    return 0;
+}
+
+}  // namespace
+
+std::string onOneLine(std::string_view text) {
+    std::string line;
+    bool isBroken = false;
+    while (!text.empty()) {
+        const std::size_t end = lineBreakAt(text);
+        if (end == 0) {
+            if (isBroken && !line.empty()) line += ' ';
+            line += text.front();
+        }
+        isBroken = end > 0;
+        text.remove_prefix(std::max<std::size_t>(end, 1));
+    }
+    return line;
+}
+
 bool UITextInput::isFirstResponder() {
     const UIWindow* window = this->window();
     return window && window->firstResponder() == this;
@@ -22,7 +48,9 @@ void UITextInput::resignFirstResponder() {
     if (isFirstResponder()) window()->setFirstResponder(nullptr);
 }
 
-bool UITextInput::replace(std::size_t location, std::size_t length, std::string_view replacement) {
+bool UITextInput::replace(std::size_t location, std::size_t length, std::string_view written) {
+    const std::string replacement = taken(written);
+    if (length == 0 && replacement.empty()) return true;
     const auto asked = delegate();
     if (asked && !asked->shouldChange(*this, location, length, replacement)) return false;
     std::string text = text_;

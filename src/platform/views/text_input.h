@@ -14,6 +14,9 @@ namespace gexlo {
 
 class UITextInput;
 
+/// What a field of one line takes in of a text: line breaks become blanks, and go at its ends.
+std::string onOneLine(std::string_view text);
+
 /// Whom a field asks and tells.
 class UITextInputDelegate {
 public:
@@ -63,9 +66,13 @@ public:
 
     void touchesEnded(CGPoint inWindow) override;
 
+protected:
+    /// What the field takes in of a text that the keyboard brings.
+    virtual std::string taken(std::string_view text) const { return std::string(text); }
+
 private:
     friend class UIWindow;
-    bool replace(std::size_t location, std::size_t length, std::string_view replacement);
+    bool replace(std::size_t location, std::size_t length, std::string_view written);
     void focusChanged(bool hasFocus);
 
     std::string text_;
@@ -87,6 +94,9 @@ public:
     bool isSecureTextEntry() const { return secureTextEntry_; }
     void setSecureTextEntry(bool secure) { change(secureTextEntry_, secure); }
     void returnKey() override;
+
+protected:
+    std::string taken(std::string_view text) const override { return onOneLine(text); }
 
 private:
     bool secureTextEntry_ = false;

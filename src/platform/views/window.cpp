@@ -26,11 +26,14 @@ UIView* UIWindow::touchDown(CGPoint point) {
     touchCancel();
     if (!alerts_.empty() || isCovered_) return nullptr;
     UIView* hit = hitTest(point);
-    if (!hit) return nullptr;
-    for (UIView* view = hit; view; view = view->superview())
-        path_.push_back(view->shared_from_this());
-    hit->touchesBegan(point);
+    if (hit) beginTouch(*hit, point);
     return hit;
+}
+
+void UIWindow::beginTouch(UIView& hit, CGPoint point) {
+    for (UIView* view = &hit; view; view = view->superview())
+        path_.push_back(view->shared_from_this());
+    hit.touchesBegan(point);
 }
 
 void UIWindow::touchMoved(CGPoint point) {
@@ -64,6 +67,14 @@ bool UIWindow::canReach(const UIView& view) {
     return hit && hit->isDescendantOf(view);
 }
 
+void UIWindow::press(UIView& view) {
+    touchCancel();
+    if (!canReach(view)) return;
+    const CGPoint point = view.visibleRect().center();
+    beginTouch(view, point);
+    touchUp(point);
+}
+
 void UIWindow::present(UIAlert alert) {
     touchCancel();
     alerts_.push_back(std::move(alert));
@@ -71,14 +82,21 @@ void UIWindow::present(UIAlert alert) {
     markChanged();
 }
 
+bool UIWindow::setAlertText(std::size_t field, std::string_view text) {
+    if (alerts_.empty() || field >= alerts_.back().fields.size()) return false;
+    alerts_.back().fields[field].text = onOneLine(text);
+    markChanged();
+    return true;
+}
+
 void UIWindow::answer(std::size_t button, const std::vector<std::string>& texts) {
     if (alerts_.empty() || button >= alerts_.back().buttons.size()) return;
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        setAlertText(i, texts[i]);
     UIAlert alert = std::move(alerts_.back());
     alerts_.pop_back();
     ++alertNumber_;
     markChanged();
-    for (std::size_t i = 0; i < std::min(texts.size(), alert.fields.size()); ++i)
-        alert.fields[i].text = texts[i];
     if (alert.dismissed) alert.dismissed(button, alert.fields);
 }
 
@@ -104,8 +122,8 @@ void UIWindow::setFirstResponder(UITextInput* input) {
     if (former) former->focusChanged(false);
     NSNotificationCenter& center = NSNotificationCenter::defaultCenter();
     const double height = Device::current().facts().keyboardHeight;
-    if (height == 0) {
-        // A device with keys of its own shows none.
+    if (height == 0 || this != &keyWindow()) {
+        // A device with keys of its own shows none, and an alert's fields move nothing.
     } else if (!former && input) {
         center.postNotificationName(kKeyboardWillShowNotification, {{"height", height}});
     } else if (former && !input) {

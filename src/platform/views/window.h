@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "platform/views/alert.h"
@@ -37,6 +38,9 @@ public:
     void touchCancel();
     /// Whether a finger in the middle of what is seen of a view reaches it or one within.
     bool canReach(const UIView& view);
+    /// A key that presses a view: down and up in the middle of what is seen of it, on that view
+    /// whatever lies upon it. Does nothing where a finger could not reach it.
+    void press(UIView& view);
     /// The view that a finger is on, or null.
     UIView* touched() const { return path_.empty() ? nullptr : path_.front().get(); }
 
@@ -47,8 +51,11 @@ public:
     const std::vector<UIAlert>& alerts() const { return alerts_; }
     /// Another number whenever another alert is topmost.
     unsigned alertNumber() const { return alertNumber_; }
+    /// Writes into a field of the topmost alert, which keeps one line of it for the answer.
+    /// Whether there is such a field.
+    bool setAlertText(std::size_t field, std::string_view text);
     /// Takes the topmost alert away, and then tells who presented it. Does nothing for a
-    /// button that it has not.
+    /// button that it has not. A field without a text of its own keeps what it holds.
     void answer(std::size_t button, const std::vector<std::string>& texts = {});
     /// Takes away the alerts of a view and of all under it, for one that closes or leaves.
     void dropAlertsOf(const UIView& view);
@@ -69,6 +76,8 @@ public:
     void viewWillLeave(UIView& view);
 
 private:
+    void beginTouch(UIView& hit, CGPoint point);
+
     std::vector<UIAlert> alerts_;
     unsigned alertNumber_ = 0;
     bool isCovered_ = false;
