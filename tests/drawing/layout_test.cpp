@@ -191,7 +191,7 @@ private:
                 for (std::size_t i = 0; i < texts_.size(); ++i) {
                     // Letters lean out a little.
                     const auto [left, top, width, height] = texts_[i].place;
-                    if (!CGRect{left - 2, top - 2, width + 4, height + 4}.contains(
+                    if (!CGRect{left - 3, top - 3, width + 6, height + 6}.contains(
                             {x + 0.5, y + 0.5}))
                         continue;
                     isExpected = true;
