@@ -6,7 +6,6 @@
 #include "platform/views/scroll_view.h"
 #include "platform/views/table_view.h"
 #include "platform/views/text_input.h"
-#include "platform/views/text_measure.h"
 #include "platform/views/window.h"
 #include "support/phone.h"
 
@@ -95,6 +94,33 @@ TEST_F(Views, an_alert_holds_touches_back_and_answers_once) {
     EXPECT_EQ(answers, std::vector<std::string>{"1Room 7"});
     ASSERT_EQ(window.alerts().size(), 1U);
     EXPECT_EQ(window.alerts()[0].message, "and another");
+}
+
+TEST_F(Views, an_alert_goes_with_its_owner_and_tells_nobody) {
+    const auto panel = std::make_shared<UIView>();
+    window.addSubview(panel);
+    UIView& inner = panel->add<UIView>();
+    const auto ask = [&](const char* message, UIView& owner) {
+        UIAlert alert = UIAlert::notice("", message, "OK");
+        alert.dismissed = [&](std::size_t, const auto&) { events += 'a'; };
+        std::move(alert).showFor(owner);
+    };
+    ask("stays", window);
+    ask("goes", inner);
+    ask("stays above", window);
+    unsigned number = window.alertNumber();
+    panel->removeFromSuperview();
+    ASSERT_EQ(window.alerts().size(), 2U);
+    EXPECT_EQ(window.alerts()[0].message + window.alerts()[1].message, "staysstays above");
+    EXPECT_EQ(window.alertNumber(), number) << "the topmost is the same";
+    window.addSubview(panel);
+    ask("goes", *panel);
+    number = window.alertNumber();
+    window.changesWereRead();
+    panel->removeFromSuperview();
+    EXPECT_TRUE(window.alertNumber() != number && window.hasChanged());
+    EXPECT_EQ(window.alerts().size(), 2U);
+    EXPECT_EQ(events, "");
 }
 
 class Refusing final : public UITextInputDelegate {
@@ -216,15 +242,6 @@ TEST_F(Views, a_change_is_marked_up_to_the_window_wherever_a_host_has_stopped_re
     EXPECT_FALSE(panel.hasChangedBelow() || button.hasChanged());
     button.setAlpha(0.5);
     EXPECT_TRUE(window.hasChangedBelow() && panel.hasChangedBelow() && button.hasChanged());
-}
-
-TEST_F(Views, the_plain_rule_measures_wide_characters_and_lines) {
-    const UIFont font = UIFont::systemFontOfSize(10);
-    const TextMeasure& measure = TextMeasure::current();
-    EXPECT_EQ(measure.sizeOfText("ab수", font, 1000), (CGSize{20, 12}));
-    EXPECT_EQ(measure.sizeOfText("abcd", font, 10), (CGSize{10, 24}));
-    EXPECT_EQ(measure.sizeOfText("a\nb\xff", font, 1000).height, 24);
-    EXPECT_EQ(measure.sizeOfText("", font, 10), (CGSize{0, 0}));
 }
 
 }  // namespace

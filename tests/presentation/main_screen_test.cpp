@@ -2,6 +2,7 @@
 #include "platform/views/table_view.h"
 #include "presentation/panels/pd_alert_view.h"
 #include "presentation/panels/pd_loading_view.h"
+#include "presentation/style/color_manager.h"
 #include "support/grid.h"
 
 namespace gexlo::test {
@@ -20,6 +21,34 @@ protected:
         phone.advance(1);
     }
 };
+
+TEST_F(MainScreen, a_new_timetable_is_five_days_of_nine_periods_in_quiet_colours) {
+    const GXColorManager& colors = GXColorManager::colorManager();
+    const auto gray = [&](const char* name, float alpha = 1) {
+        return colors.colorFromString(name).colorWithAlphaComponent(alpha);
+    };
+    UIView& lines = part("borderView", part("timetable1"));
+    EXPECT_EQ(lines.backgroundColor(), gray("#FFFFFF", 0.3F));
+    EXPECT_EQ(lines.subviews().front()->backgroundColor(), gray("#191919", 0.8F));
+    const struct {
+        const char *strip, *label;
+        UIColor background, font;
+    } strips[] = {{"day_0_0", "label", gray("#666666", 0.8F), gray("#FFFFFF")},
+                  {"period_0_0", "labelName", gray("#FFFFFF", 0.6F), gray("#191919")}};
+    for (const auto& at : strips) {
+        EXPECT_EQ(part(at.strip).backgroundColor(), at.background) << at.strip;
+        EXPECT_EQ(part<UILabel>(at.label, part(at.strip)).textColor(), at.font) << at.strip;
+    }
+    EXPECT_EQ(part("backgroundImageView").backgroundColor(), colors.backgroundColorAt(0));
+    EXPECT_TRUE(find("cell_0_1_0") && find("cell_0_5_8"));
+    for (const char* none : {"cell_0_0_0", "cell_0_6_0", "cell_0_1_9", "cell_1_1_0"})
+        EXPECT_EQ(find(none), nullptr) << none;
+    EXPECT_EQ(part<UILabel>("label", part("day_0_0")).text(), "Mon");
+    EXPECT_EQ(part<UILabel>("labelTime", part("period_0_0")).text(), "");
+    EXPECT_EQ(phone.timetable().textSize.get(), 10);
+    EXPECT_EQ(phone.timetable().alphaSubject.get(), 0.95F);
+    EXPECT_TRUE(phone.timetable().useSameClasshours.get());
+}
 
 TEST_F(MainScreen, the_bubble_stands_for_a_while_and_gives_back_what_it_hid) {
     const struct {

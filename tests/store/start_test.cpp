@@ -4,7 +4,8 @@
 #include "app/app_delegate.h"
 #include "app/main_view.h"
 #include "platform/foundation/user_defaults.h"
-#include "support/phone.h"
+#include "presentation/style/color_manager.h"
+#include "support/grid.h"
 
 namespace gexlo::test {
 
@@ -122,15 +123,24 @@ TEST(Start, a_missing_starting_timetable_is_stood_in_for_by_the_top_of_the_list)
     Phone phone;
     phone.launch();
     phone.manager().addNewTimetable();
-    const NSInteger top = phone.manager().addNewTimetable().index.get();
+    GXTimetableData& top = phone.manager().addNewTimetable();
+    top.name = "Top";
+    top.backgroundImage = "#9CBCDD";
+    phone.addSubject(top, "Maths", {mon(1)});
     phone.manager().setStartingTimetable_fixed(7, false);
+    const auto shown = [] {
+        const UIView* cell = find("cell_0_1_0");
+        return part<UILabel>("titleLabel", part("topMenu")).text() +
+               (cell ? part<UILabel>("labelSubject", part("cell_0_1_0")).text() : "");
+    };
+    const UIColor blue = GXColorManager::colorManager().backgroundColorAt(10);
     phone.relaunch();
-    EXPECT_EQ(phone.manager().startingTimetableNo(), top);
+    EXPECT_EQ(part("backgroundImageView").backgroundColor(), blue);
+    EXPECT_EQ(shown(), "") << "the number is still that of the missing one";
     EXPECT_TRUE(phone.manager().fixedStartingTimetable());
-    EXPECT_EQ(phone.manager().currentTimetableNo(), 7);
-    EXPECT_EQ(phone.manager().currentTimetableData(), nullptr);
     phone.relaunch();
-    EXPECT_EQ(phone.manager().currentTimetableNo(), top);
+    EXPECT_EQ(part("backgroundImageView").backgroundColor(), blue);
+    EXPECT_EQ(shown(), "TopMaths");
 }
 
 TEST(Start, absence_counting_follows_the_first_language_at_every_load) {

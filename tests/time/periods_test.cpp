@@ -141,6 +141,33 @@ TEST_F(Periods, breaks_come_go_and_move_in_both_weeks) {
     EXPECT_EQ(periods.allPeriodList(1).size(), rows - 1);
 }
 
+TEST_F(Periods, of_another_timetable_only_the_times_are_taken_in_both_weeks) {
+    addClasstime(1, 0, 8);
+    addClasstime(2.1F, 0, 9, "Lunch");
+    addClasstime(3, 1, 7);
+    GXPeriodsController periods(phone.timetable());
+    GXTimetableData& other = phone.manager().addNewTimetable();
+    NSInteger next = 10;
+    for (const auto& [number, week] : {std::pair{1.0F, 0}, {1.0F, 1}, {2.1F, 0}, {4.1F, 0}}) {
+        GXClasstimeData& row = addClasstime(number, week, next++, "Another");
+        row.beginMin = next++;
+        row.endHour = next++;
+        row.endMin = next++;
+        other.classtimes.addObject(row);
+    }
+    periods.copyClasshoursFromTimetableData(other);
+    const auto told = [&](float number, NSInteger week) {
+        const GXPeriod* row = periods.periodWithPeriodNo_week(number, week);
+        return row ? row->beginTime + "-" + row->endTime : "none";
+    };
+    EXPECT_EQ(told(1, 0), "10:11-12:13");
+    EXPECT_EQ(told(1, 1), "14:15-16:17");
+    EXPECT_EQ(told(2.1F, 0), "18:19-20:21");
+    EXPECT_EQ(told(2.1F, 1) + told(3, 1), "--") << "what the other has not is not set";
+    EXPECT_EQ(told(4.1F, 0), "none") << "nor does a break come along";
+    EXPECT_EQ(periods.periodWithPeriodNo_week(2.1F, 0)->fullName, "Lunch");
+}
+
 TEST_F(Periods, half_set_times_count_as_set) {
     GXPeriod period;
     const struct {
