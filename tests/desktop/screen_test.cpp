@@ -82,10 +82,9 @@ protected:
 
     void mouse(QEvent::Type type, CGPoint place, unsigned long time) {
         const QPointF point(place.x, place.y);
-        QMouseEvent event(type, point, point,
-                          type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
-                          type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton,
-                          Qt::NoModifier);
+        QMouseEvent event(
+            type, point, point, type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+            type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
         event.setTimestamp(time);
         QCoreApplication::sendEvent(&window, &event);
     }
