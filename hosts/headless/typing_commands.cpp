@@ -27,7 +27,7 @@ public:
         }
     }
     static bool isThere(const json& fields) {
-        if (window().alerts().empty()) return window().firstResponder() != nullptr;
+        if (window().alerts().empty()) return window().firstResponder() && !window().isCovered();
         return placeOf(fields) < window().alerts().back().fields.size();
     }
 

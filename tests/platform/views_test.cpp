@@ -152,6 +152,8 @@ TEST_F(Views, a_field_asks_before_it_changes_and_the_keyboard_follows_the_focus)
     EXPECT_TRUE(first.replaceAll("숙제"));
     EXPECT_EQ(first.text(), "숙제");
     EXPECT_EQ(delegate->asked, "0,0,수;3,0,x;0,3,숙제;");
+    EXPECT_TRUE(first.insertText("\n") && first.insertText("1\r\n\n2\n"));
+    EXPECT_EQ(first.text(), "숙제1 2") << "one line";
     second->becomeFirstResponder();
     EXPECT_EQ(keyboard, "+") << "it stays from field to field";
     second->removeFromSuperview();

@@ -28,13 +28,19 @@ FocusScope {
         anchors { fill: parent; leftMargin: 7; rightMargin: 7 }
         verticalAlignment: TextInput.AlignVCenter
         clip: true
-        autoScroll: activeFocus  // without the focus it shows its beginning
+        autoScroll: false
         selectByMouse: true
         activeFocusOnTab: true
         echoMode: field.secure ? TextInput.Password : TextInput.Normal
         onTextEdited: field.edited(text)
         onAccepted: field.returned()
-        onActiveFocusChanged: if (activeFocus) field.focused()
+        onActiveFocusChanged: {
+            const place = cursorPosition
+            if (!activeFocus) cursorPosition = 0  // scrolls to the beginning
+            autoScroll = activeFocus
+            cursorPosition = place
+            if (activeFocus) field.focused()
+        }
         Accessible.role: Accessible.EditableText
         Accessible.name: field.spokenName
     }

@@ -1,0 +1,417 @@
+// The phone's screen in its window: what clicks, drags and keys reach, and what is drawn.
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QQmlEngine>
+#include <QTest>
+
+#include "hosts/desktop/phone_window.h"
+#include "hosts/drawing/gui_application.h"
+#include "platform/views/button.h"
+#include "platform/views/label.h"
+#include "platform/views/text_input.h"
+#include "platform/views/window.h"
+#include "support/phone.h"
+
+namespace gexlo::test {
+namespace {
+
+using Style = UIAlert::Button::Style;
+
+constexpr UIColor kRed{1, 0, 0, 1}, kGreen{0, 1, 0, 1}, kWhite{1, 1, 1, 1};
+
+struct Toolkit {
+    Toolkit() {
+        qputenv("QT_QUICK_BACKEND", "software");
+        needGuiApplication();
+    }
+};
+
+class Screen : public Toolkit, public ::testing::Test {
+protected:
+    Screen() {
+        UIWindow::keyWindow().setBackgroundColor(kWhite);
+        window.show();
+        window.requestActivate();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+
+    template <typename Condition>
+    static void runUntil(Condition isTrue) {
+        while (!isTrue())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    void atRest() {
+        window.screen().synchronize();
+        runUntil([&] { return !window.screen().isAnimating(); });
+    }
+    template <typename View = UIView>
+    View& add(CGRect frame, UIColor color = {}) {
+        View& view = UIWindow::keyWindow().add<View>(frame);
+        view.setBackgroundColor(color);
+        return view;
+    }
+    /// One that writes its title down when it is pressed.
+    UIButton& addButton(const char* title, CGRect frame) {
+        auto& button = add<UIButton>(frame, kGreen);
+        button.setTitle(title);
+        button.addAction(UIControlEvent::touchUpInside, [this, title] { pressed += title; });
+        return button;
+    }
+    /// Its answer is written down with its texts.
+    void show(UIAlert alert) {
+        alert.dismissed = [this](std::size_t button, const auto& fields) {
+            pressed += std::to_string(button);
+            for (const auto& field : fields)
+                pressed += "," + field.text;
+        };
+        Device::current().perform([&] { std::move(alert).show(); });
+        atRest();
+    }
+    static UIAlert ask(std::vector<UIAlert::Button> buttons, std::size_t fields = 0,
+                       UIAlert::Kind kind = UIAlert::Kind::alert) {
+        UIAlert alert;
+        alert.kind = kind;
+        alert.title = "Title";
+        alert.buttons = std::move(buttons);
+        alert.fields.resize(fields);
+        return alert;
+    }
+    static const UIAlert& alert() { return UIWindow::keyWindow().alerts().back(); }
+
+    void mouse(QEvent::Type type, CGPoint place, unsigned long time) {
+        const QPointF point(place.x, place.y);
+        QMouseEvent event(
+            type, point, point, type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+            type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+        event.setTimestamp(time);
+        QCoreApplication::sendEvent(&window, &event);
+    }
+    /// A finger that moves by as much every 10 milliseconds; returns when it came to its end.
+    unsigned long drag(CGPoint from, CGPoint step, int steps) {
+        unsigned long time = 5000;
+        mouse(QEvent::MouseButtonPress, from, time);
+        for (int i = 1; i <= steps; ++i)
+            mouse(QEvent::MouseMove, {from.x + i * step.x, from.y + i * step.y}, time += 10);
+        return time;
+    }
+    void key(int code, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(&window, static_cast<Qt::Key>(code), modifiers);
+        atRest();
+    }
+    void write(const char* text) {
+        for (; *text; ++text)
+            QTest::keyClick(&window, *text);
+    }
+    /// What is spoken of the item that has the focus.
+    std::string focused() const {
+        const QQuickItem* item = window.activeFocusItem();
+        return item ? item->property("spokenName").toString().toStdString() : "";
+    }
+    static const QQuickItem* itemThatIs(const std::string& spoken, const QQuickItem& in) {
+        const auto* item = qobject_cast<const ViewItem*>(&in);
+        if (item && item->view() && item->spokenName().toStdString() == spoken) return item;
+        for (const QQuickItem* child : in.childItems())
+            if (const QQuickItem* found = itemThatIs(spoken, *child)) return found;
+        return nullptr;
+    }
+    QPoint middleOf(const std::string& spoken) const {
+        const QQuickItem* item = itemThatIs(spoken, *window.contentItem());
+        EXPECT_TRUE(item) << spoken;
+        return item ? item->mapToScene(item->boundingRect().center()).toPoint() : QPoint();
+    }
+    QColor colorAt(int x, int y) { return window.grabWindow().pixelColor(x, y); }
+
+    Phone phone;
+    QQmlEngine engine;
+    ViewPainter painter{GEXLO_RESOURCES "/images"};
+    PhoneWindow window{engine, painter};
+    std::string pressed;
+};
+
+// MARK: alerts
+
+TEST_F(Screen, every_drawn_button_of_an_alert_answers_its_own_index) {
+    const std::vector<UIAlert> alerts{
+        ask({{"Cancel", Style::cancel}, {"Add"}}), ask({{"A"}, {"B"}, {"C"}}),
+        ask({{"Cancel", Style::cancel}, {"Keep"}, {"Delete", Style::destructive}}, 0,
+            UIAlert::Kind::sheet)};
+    for (const UIAlert& asked : alerts) {
+        for (std::size_t i = 0; i < asked.buttons.size(); ++i) {
+            show(asked);
+            QTest::mouseClick(&window, Qt::LeftButton, {}, middleOf(asked.buttons[i].title));
+            EXPECT_EQ(std::exchange(pressed, ""), std::to_string(i)) << asked.buttons[i].title;
+            atRest();
+        }
+    }
+}
+
+TEST_F(Screen, return_and_escape_answer_an_alert) {
+    struct Case {
+        UIAlert alert;
+        const char* onReturn;
+        const char* onEscape;
+    };
+    constexpr auto kSheet = UIAlert::Kind::sheet;
+    const std::vector<Case> cases{
+        {ask({{"OK", Style::cancel}}), "0", "0"},
+        {ask({{"OK"}}), "0", "0"},
+        {ask({{"Cancel", Style::cancel}, {"Add"}}), "1", "0"},
+        {ask({{"A"}, {"B"}, {"Cancel", Style::cancel}}), "1", "2"},
+        {ask({{"A"}, {"Delete", Style::destructive}}), "0", ""},
+        {ask({{"Delete", Style::destructive}, {"Cancel", Style::cancel}}, 0, kSheet), "1", "1"},
+        {ask({{"Mail"}, {"Cancel", Style::cancel}}, 0, kSheet), "0", "1"},
+        {ask({{"Mail"}, {"Album"}, {"Cancel", Style::cancel}}, 0, kSheet), "", "2"},
+        {ask({}), "", ""},
+    };
+    addButton("under", {20, 20, 100, 40});
+    atRest();
+    key(Qt::Key_Tab);
+    for (const Case& asked : cases) {
+        for (const auto& [code, answer] :
+             {std::pair{Qt::Key_Return, asked.onReturn}, {Qt::Key_Escape, asked.onEscape}}) {
+            show(asked.alert);
+            key(code);
+            EXPECT_EQ(std::exchange(pressed, ""), answer) << asked.alert.buttons.size();
+            if (!*answer) Device::current().perform([] { UIWindow::keyWindow().answer(0); });
+            pressed.clear();
+            atRest();
+        }
+        if (asked.alert.buttons.empty()) break;  // which nothing takes away
+    }
+}
+
+TEST_F(Screen, an_alert_takes_the_keyboard_and_gives_it_back) {
+    auto& field = add<UITextField>({20, 20, 200, 40}, kWhite);
+    auto& opener = addButton("Ask", {20, 100, 100, 40});
+    opener.addAction(UIControlEvent::touchUpInside, [&] {
+        Device::current().mainQueue().async([&] {
+            show(ask({{"Cancel", Style::cancel}, {"Add"}}, 2));
+            pressed.clear();
+        });
+    });
+    Device::current().perform([&] { field.becomeFirstResponder(); });
+    atRest();
+    write("a");
+    show(ask({{"Cancel", Style::cancel}, {"Add"}}, 2));
+    write("b");
+    Device::current().perform([] { UIWindow::keyWindow().setAlertText(0, "driven "); });
+    atRest();
+    write("c");
+    key(Qt::Key_Tab);
+    write("d");
+    EXPECT_EQ(alert().fields[0].text + alert().fields[1].text, "driven cd");
+    std::string round;
+    for (int i = 0; i < 4; ++i) {
+        key(Qt::Key_Tab);
+        round += focused() + ";";
+    }
+    for (int i = 0; i < 4; ++i) {
+        key(Qt::Key_Tab, Qt::ShiftModifier);
+        round += focused() + ";";
+    }
+    EXPECT_EQ(round, "Cancel;Add;;;;Add;Cancel;;") << "two fields without a name, two buttons";
+    key(Qt::Key_Return);
+    EXPECT_EQ(std::exchange(pressed, ""), "1,driven c,d");
+    write("e");
+    EXPECT_EQ(field.text(), "ae");
+
+    key(Qt::Key_Tab);
+    key(Qt::Key_Space);
+    EXPECT_EQ(UIWindow::keyWindow().alerts().size(), 1U);
+    key(Qt::Key_Escape);
+    EXPECT_EQ(focused(), "Ask");
+    UIAlert last = ask({{"Cancel", Style::cancel}});
+    show(last);
+    opener.removeFromSuperview();
+    key(Qt::Key_Escape);
+    write("f");
+    EXPECT_EQ(field.text(), "ae") << "it was not where the keyboard was";
+}
+
+TEST_F(Screen, an_alert_ends_the_touch_or_drag_that_it_interrupts) {
+    show(ask({{"Cancel", Style::cancel}, {"Add"}}));
+    const QPoint add = middleOf("Add");
+    const CGPoint place{static_cast<double>(add.x()), static_cast<double>(add.y())};
+    key(Qt::Key_Escape);
+    mouse(QEvent::MouseButtonPress, place, 1000);
+    show(ask({{"Cancel", Style::cancel}, {"Add"}}));
+    mouse(QEvent::MouseButtonRelease, place, 1100);
+    EXPECT_EQ(UIWindow::keyWindow().alerts().size(), 1U);
+    key(Qt::Key_Escape);
+
+    auto& list = this->add<UIScrollView>({0, 0, 375, 600});
+    list.setContentSize({375, 3000});
+    drag({100, 100}, {0, 20}, 20);
+    EXPECT_LT(list.contentOffset().y, 0);
+    show(ask({{"Cancel", Style::cancel}, {"Add"}}));
+    EXPECT_EQ(list.contentOffset().y, 0);
+    pressed.clear();
+    mouse(QEvent::MouseMove, place, 9000);
+    mouse(QEvent::MouseButtonRelease, place, 9010);
+    EXPECT_EQ(list.contentOffset().y, 0);
+    EXPECT_EQ(pressed, "");
+}
+
+TEST_F(Screen, a_long_message_scrolls_by_finger_and_by_wheel) {
+    UIAlert asked = ask({{"Cancel", Style::cancel}, {"Add"}});
+    for (int i = 0; i < 400; ++i)
+        asked.message += "word " + std::to_string(i) + " ";
+    show(asked);
+    QImage former = window.grabWindow();
+    const auto hasMoved = [&] {
+        atRest();
+        return std::exchange(former, window.grabWindow()) != former;
+    };
+    const unsigned long end = drag({187, 300}, {0, -10}, 8);
+    mouse(QEvent::MouseButtonRelease, {187, 220}, end);
+    EXPECT_TRUE(hasMoved());
+    QWheelEvent wheel({187, 300}, {187, 300}, {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&window, &wheel);
+    EXPECT_TRUE(hasMoved());
+    QTest::mouseClick(&window, Qt::LeftButton, {}, middleOf("Add"));
+    EXPECT_EQ(pressed, "1");
+}
+
+// MARK: keys
+
+TEST_F(Screen, keys_reach_what_a_finger_reaches_and_press_that_alone) {
+    UIButton& outer = addButton("A", {20, 20, 100, 100});
+    UIButton& inner = outer.add<UIButton>(CGRect{40, 40, 20, 20});
+    inner.setTitle("B");
+    inner.addAction(UIControlEvent::touchUpInside, [&] { pressed += "B"; });
+    addButton("covered", {20, 150, 100, 40});
+    addButton("disabled", {20, 200, 100, 40}).setEnabled(false);
+    auto& field = add<UITextField>({200, 150, 100, 40}, kWhite);
+    addButton("C", {20, 250, 100, 40});
+    UIView& cover = add({0, 145, 375, 50}, kRed);
+    atRest();
+    std::string round;
+    for (int i = 0; i < 4; ++i) {
+        key(Qt::Key_Tab);
+        round += focused();
+        key(Qt::Key_Space);
+    }
+    EXPECT_EQ(round, "ABCA");
+    EXPECT_EQ(std::exchange(pressed, ""), "ABCA");
+    QTest::mouseClick(&window, Qt::LeftButton, {}, {250, 170});
+    EXPECT_FALSE(field.isFirstResponder()) << "a click on what covers it";
+    cover.setHidden(true);
+    atRest();
+    QTest::mouseClick(&window, Qt::LeftButton, {}, {250, 170});
+    EXPECT_TRUE(field.isFirstResponder());
+
+    key(Qt::Key_Tab);
+    ASSERT_EQ(focused(), "C");
+    UIWindow::keyWindow().bringSubviewToFront(cover);
+    cover.setFrame({0, 0, 375, 667});
+    cover.setHidden(false);
+    atRest();
+    key(Qt::Key_Space);
+    cover.removeFromSuperview();
+    UIWindow::keyWindow().setCovered(true);
+    atRest();
+    key(Qt::Key_Space);
+    key(Qt::Key_Tab);
+    key(Qt::Key_Return);
+    write("x");
+    EXPECT_EQ(pressed + field.text(), "") << "under a panel, and under a composer";
+    UIWindow::keyWindow().setCovered(false);
+    atRest();
+    key(Qt::Key_Space);
+    EXPECT_EQ(pressed, "C");
+}
+
+TEST_F(Screen, a_field_keeps_its_text_within_and_shows_its_beginning_when_it_is_left) {
+    auto& field = add<UITextField>({50, 50, 100, 30}, kWhite);
+    field.setText("iiiiiiiiiiMMMMMMMMMMMMMMMMMMMM");
+    field.setBorder(1, kGreen);
+    atRest();
+    const auto seen = [&] { return window.grabWindow().copy(40, 40, 120, 50); };
+    const QImage before = seen();
+    QTest::mouseClick(&window, Qt::LeftButton, {}, {100, 65});
+    key(Qt::Key_End);
+    const QImage within = seen();
+    EXPECT_NE(within.copy(17, 10, 40, 30), before.copy(17, 10, 40, 30)) << "its end";
+    for (const QImage& image : {before, within}) {
+        for (int x : {3, 10, 11, 14, 106, 109, 113})
+            for (int y = 15; y < 35; ++y)
+                EXPECT_GT(image.pixelColor(x, y).green(), 200) << x << " " << y;
+    }
+    QTest::mouseClick(&window, Qt::LeftButton, {}, {300, 300});
+    atRest();
+    EXPECT_EQ(seen(), before);
+}
+
+TEST_F(Screen, pasted_line_breaks_do_not_come_into_one_line) {
+    auto& field = add<UITextField>({50, 50, 200, 30}, kWhite);
+    QGuiApplication::clipboard()->setText("\r\ntwo\r\nlines\n");
+    Device::current().perform([&] { field.becomeFirstResponder(); });
+    atRest();
+    key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(field.text(), "two lines");
+    show(ask({{"OK"}}, 1));
+    key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(alert().fields[0].text, "two lines");
+    key(Qt::Key_Return);
+    EXPECT_EQ(pressed, "0,two lines");
+}
+
+// MARK: drags and looks
+
+TEST_F(Screen, a_list_glides_on_unless_the_finger_rested) {
+    auto& list = add<UIScrollView>({0, 0, 375, 600});
+    list.setContentSize({375, 9000});
+    for (const auto& [pause, glides] : {std::pair{5UL, true}, {400UL, false}}) {
+        list.setContentOffset({});
+        const unsigned long end = drag({100, 500}, {0, -20}, 15);
+        mouse(QEvent::MouseButtonRelease, {100, 200}, end + pause);
+        EXPECT_EQ(list.contentOffset().y, 300);
+        atRest();
+        EXPECT_EQ(list.contentOffset().y > 300, glides) << pause;
+    }
+}
+
+TEST_F(Screen, views_lie_upon_each_other_in_the_order_of_the_tree) {
+    UIView& below = add({50, 50, 100, 100}, kRed);
+    UIView& above = add({50, 50, 100, 100}, kGreen);
+    atRest();
+    EXPECT_EQ(colorAt(100, 100), Qt::green);
+    for (const bool hidden : {true, false}) {
+        below.setHidden(hidden);
+        atRest();
+        EXPECT_EQ(colorAt(100, 100), Qt::green) << "shown again, it is where it was";
+    }
+    UIWindow::keyWindow().bringSubviewToFront(below);
+    atRest();
+    EXPECT_EQ(colorAt(100, 100), Qt::red);
+    above.setHidden(true);
+    atRest();
+    above.setHidden(false);
+    atRest();
+    EXPECT_EQ(colorAt(100, 100), Qt::red);
+}
+
+TEST_F(Screen, a_larger_window_is_painted_anew_and_not_stretched) {
+    auto& label = add<UILabel>({20, 20, 300, 40}, kWhite);  // texts on nothing have other edges
+    label.setText("Sharp letters at every size");
+    atRest();
+    window.resize(750, 1334);
+    runUntil([&] { return window.screen().width() == 750; });
+    atRest();
+    const QImage shown = window.grabWindow().convertToFormat(QImage::Format_RGB32);
+    const QImage painted =
+        painter.paintScreen(UIWindow::keyWindow(), 2).convertToFormat(QImage::Format_RGB32);
+    ASSERT_EQ(shown.size(), painted.size());
+    int differing = 0;
+    for (int y = 0; y < 140; ++y) {
+        for (int x = 0; x < shown.width(); ++x)
+            differing += std::abs(qGray(shown.pixel(x, y)) - qGray(painted.pixel(x, y))) > 40;
+    }
+    EXPECT_LT(differing, 20);
+}
+
+}  // namespace
+}  // namespace gexlo::test
