@@ -62,6 +62,13 @@ int clamped(NSInteger value) {
     return static_cast<int>(std::clamp(value, -farBeyondAnyClock, farBeyondAnyClock));
 }
 
+/// The timetable on screen speaks for all, also where another one's alarms are rebuilt. Before
+/// there is one, as in the rebuild at an upgrade, each speaks for itself.
+bool hasSameClasshours(const GXTimetableData& timetable) {
+    const GXUIManager& manager = GXUIManager::manager();
+    return manager.periods() ? manager.useSameClasshours() : timetable.useSameClasshours.get();
+}
+
 /// The subject under which a homework or an exam hangs, or null.
 GXLessonData* lessonOf(const NSManagedObject& item) {
     const auto owners = item.objectsForKey("lesson");
@@ -106,13 +113,11 @@ NSData GXDataManager::alarmDataInClass_message_alarmType_timeInterval(
     const NSCalendar calendar = NSCalendar::currentCalendar();
     NSDate base = placement.time.get();
     if (!placement.time.isSet()) {
-        // Speaks for the timetable on screen, also where another one's alarms are rebuilt.
-        const bool same = GXUIManager::manager().useSameClasshours();
-        const NSInteger week = same ? 0 : placement.week.get();
         const GXLessonData* lesson = placement.lesson.get();
         const GXTimetableData* timetable = lesson ? lesson->timetable.get() : nullptr;
         NSDateComponents time{.year = 2001};
         if (timetable) {
+            const NSInteger week = hasSameClasshours(*timetable) ? 0 : placement.week.get();
             const float period = placement.period.get();
             time.hour =
                 clamped(classBeginningHourWithPeriod_week_inTimetalbe(period, week, *timetable));

@@ -20,7 +20,6 @@ namespace {
 
 constexpr const char* kDataFile = "timetable_data_file.gexlo";
 constexpr const char* kStorePage = "https://gexlo.example/iphone";
-constexpr std::size_t kMostTimetables = 60;
 
 /// Not for translation, as are its callers' titles.
 std::string exportMessage(ExportError error) {
@@ -87,7 +86,8 @@ std::int32_t GXUIManager::openTimetableFromDataFile(const std::string& url) {
     ExchangeTimetable file;
     ImportStatus status = readExchangeFile(url, file);
     GXDataManager& data = GXDataManager::manager();
-    if (status == ImportStatus::imported && data.timetableList().size() >= kMostTimetables) {
+    const bool isFull = data.timetableList().size() >= GXDataManager::kMostTimetables;
+    if (status == ImportStatus::imported && isFull) {
         status = ImportStatus::tooManyTimetables;
     }
     if (status != ImportStatus::imported) return static_cast<std::int32_t>(status);

@@ -18,6 +18,9 @@ class GXDataManager final : public ISDataManager {
 public:
     /// Version of the data model that this program writes.
     static constexpr float kDataVersion = 4.0F;
+    /// Timetables that a person may have. The operations on timetables do not look at it: whoever
+    /// adds one for a person does.
+    static constexpr std::size_t kMostTimetables = 60;
 
     static GXDataManager& manager();
     ~GXDataManager();

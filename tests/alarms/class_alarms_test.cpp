@@ -65,6 +65,21 @@ TEST_F(ClassAlarms, both_weeks_ring_every_week_at_times_as_the_timetable_on_scre
     }
 }
 
+TEST_F(ClassAlarms, an_upgrade_takes_the_times_of_the_timetable_that_it_rebuilds) {
+    GXTimetableData* timetables[] = {&phone.timetable(), &manager().addNewTimetable()};
+    for (GXTimetableData* timetable : timetables) {
+        const bool isSame = timetable == timetables[0];
+        timetable->useSameClasshours = isSame;
+        phone.addClasstime(*timetable, wed(2, 0), 9, 30);
+        if (!isSame) phone.addClasstime(*timetable, wed(2, 1), 10, 30);
+        const GXLessonData& lesson = phone.addSubject(*timetable, "Maths", {wed(2, 1)});
+        manager().setAlarm_inClass(1, *lesson.times.anyObject());
+    }
+    phone.upgrade("48");
+    EXPECT_EQ(localTime(scheduled().at(0).fireDate), "2026-03-04T10:30:00") << "the newer one";
+    EXPECT_EQ(localTime(scheduled().at(1).fireDate), "2026-03-04T09:30:00");
+}
+
 TEST_F(ClassAlarms, what_is_removed_takes_its_own_along_and_a_rebuild_arms_the_rest_anew) {
     const auto addArmed = [&](GXTimetableData& timetable, const std::string& name) {
         GXLessonData& lesson = phone.addSubject(timetable, name, {mon(2)});

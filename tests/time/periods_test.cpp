@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <nlohmann/json.hpp>
 #include <random>
 
 #include "support/phone.h"
@@ -83,6 +85,24 @@ TEST_F(Periods, the_rebuild_gives_what_the_scan_gives_on_random_rows) {
             }
             ASSERT_EQ(rows, scanned(phone.timetable(), week));
         }
+    }
+}
+
+TEST(PeriodNumbers, are_read_right_where_the_processor_fuses_what_the_rule_is_made_of) {
+    int misread = 0;
+    for (int n = 0; n <= GXPeriodsController::kLastPeriodNumber; ++n) {
+        for (const auto& [step, tenth] : {std::pair{0.0F, 0}, {0.1F, 1}, {0.5F, 5}, {0.6F, 6}}) {
+            const float number = static_cast<float>(n) + step;
+            EXPECT_EQ(periodTenth(number), tenth) << number;
+            const float fused = std::fma(number, 10.0F, -10.0F * static_cast<float>(n));
+            misread += static_cast<int>(fused) != tenth;
+        }
+    }
+    EXPECT_EQ(misread, 18) << "with the rule fused";
+    const auto commands = nlohmann::json::parse(readFile(GEXLO_COMPILE_COMMANDS));
+    for (const auto& source : commands) {
+        const auto command = source["command"].get<std::string>();
+        EXPECT_NE(command.find(" -ffp-contract=off "), std::string::npos) << command;
     }
 }
 
