@@ -16,7 +16,7 @@ namespace {
 // As large as all texts and rows within the bounds make one.
 constexpr std::size_t kLargestFile = 96U << 20;                                  // bytes
 constexpr int kLongestRow = static_cast<int>(ExchangeBounds::kMostText) + 4096;  // bytes
-constexpr int kLongestKey = 256;            // bytes, of one that is a text
+constexpr int kLongestKey = 64;             // bytes, of one that is a text
 constexpr int kLongestDefinition = 10'000;  // bytes, of a table or an index
 constexpr int kMostColumns = 100;
 // What SQLite may do, in steps of its machine: about a second.
