@@ -62,7 +62,7 @@ def main():
     with tempfile.TemporaryDirectory() as data:
         subjects = [command for subject in SUBJECTS for command in add(*subject)]
         list_ = [tap("btnEdit"), REST]
-        editor = [{"cmd": "select_row", "id": "table", "section": 0, "row": 2}, REST]
+        editor = [{"cmd": "select_row", "id": "SubjectListTableView", "section": 0, "row": 2}, REST]
         play(data, [LAUNCH, REST, *subjects, picture("grid"),
                     *list_, picture("subjects"), *editor, picture("editor")])  # fmt: skip
         # Kept with the timetable, and no screen changes it yet.

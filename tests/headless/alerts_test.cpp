@@ -49,10 +49,10 @@ TEST_F(DriverAlerts, what_lies_under_is_not_reached) {
         R"({"cmd":"return"})",
         R"({"cmd":"clear"})",
         R"({"cmd":"set","id":"slider","value":1})",
-        R"({"cmd":"scroll","id":"table","x":0,"y":50})",
-        R"({"cmd":"move_row","id":"table","section":0,"row":0,"to":1})",
-        R"({"cmd":"delete_row","id":"table","section":0,"row":0})",
-        R"({"cmd":"select_row","id":"table","section":0,"row":0})",
+        R"({"cmd":"scroll","id":"SubjectListTableView","x":0,"y":50})",
+        R"({"cmd":"move_row","id":"SubjectListTableView","section":0,"row":0,"to":1})",
+        R"({"cmd":"delete_row","id":"SubjectListTableView","section":0,"row":0})",
+        R"({"cmd":"select_row","id":"SubjectListTableView","section":0,"row":0})",
     };
     const auto playAll = [&](bool isReached) {
         for (const std::string& line : lines) {
@@ -72,7 +72,7 @@ TEST_F(DriverAlerts, what_lies_under_is_not_reached) {
     playAll(false);
     window.setCovered(false);
     EXPECT_EQ(reached + field.text(), "");
-    EXPECT_EQ(part<UIScrollView>("table").contentOffset().y, 0);
+    EXPECT_EQ(part<UIScrollView>("SubjectListTableView").contentOffset().y, 0);
     playAll(true);
     EXPECT_EQ(reached, "touch touch touch text text text value ");
     EXPECT_EQ(manager().appState(), AppState::editLesson) << "the row was selected";

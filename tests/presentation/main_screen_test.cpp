@@ -134,7 +134,7 @@ TEST_F(MainScreen, what_a_panel_asks_goes_with_it_when_all_close) {
         {"remove",
          [&] {
              manager().openLessonSelector();
-             part<UITableView>("table").requestDelete({0, 0});
+             part<UITableView>("SubjectListTableView").requestDelete({0, 0});
          }},
         {"share",
          [&] {
