@@ -82,8 +82,8 @@ TEST_F(Pallet, a_tapped_lesson_comes_above_the_panel_and_the_page_goes_back_behi
         int week, positionY;
         double offset, height, offsetAfter, heightAfter;
     } cases[] = {
-        {5, false, 0, 50, 0, 634, 0, 513},       {5, false, 1, 250, 54, 634, 54, 513},
-        {5, false, 0, 400, 121, 634, 121, 513},  {5, true, 0, 20, 0, 1226, 0, 1106},
+        {5, false, 0, 50, 0, 634, 0, 513},       {5, false, 1, 250, 54, 634, 0, 513},
+        {5, false, 0, 400, 121, 634, 0, 513},    {5, true, 0, 20, 0, 1226, 0, 1106},
         {5, true, 0, 250, 78, 1226, 0, 1106},    {5, true, 0, 400, 120, 1226, 0, 1106},
         {5, true, 1, 20, 553, 1226, 553, 1106},  {5, true, 1, 250, 631, 1226, 553, 1106},
         {5, true, 1, 400, 673, 1226, 553, 1106}, {3, true, 0, 50, 0, 673, 0, 553},
@@ -104,6 +104,23 @@ TEST_F(Pallet, a_tapped_lesson_comes_above_the_panel_and_the_page_goes_back_behi
         EXPECT_EQ(moved.contentOffset().y, at.offsetAfter);
         EXPECT_EQ(moved.contentSize().height, at.heightAfter);
         EXPECT_TRUE(main().isPagingEnabled());
+    }
+}
+
+TEST_F(Pallet, an_editor_that_closes_leaves_the_grid_where_it_is_or_at_its_end) {
+    phone.timetable().lastPeriod = 20;
+    show(5, 1, false);
+    GXLessonData& lesson = phone.addSubject("M");
+    for (const bool adds : {true, false}) {
+        for (const bool saves : {true, false}) {
+            for (const auto& [open, closed] : {std::pair{400, 400}, {671, 550}}) {
+                adds ? manager().openAddLessonView() : manager().openEditLessonView(&lesson);
+                sub().dragTo({0, static_cast<double>(open)});
+                saves ? save("M") : manager().cancelLessonEditing();
+                EXPECT_EQ(sub().contentSize().height, 1060) << adds << saves;
+                EXPECT_EQ(sub().contentOffset().y, closed) << adds << saves;
+            }
+        }
     }
 }
 
