@@ -215,7 +215,7 @@ protected:
             NSInteger row = below(manager().periods()->numPeriods() + 1);
             for (NSInteger more = below(4); more >= 0; --more) {
                 slot.period = below(9) == 0 ? 2.3F : manager().periods()->periodNo(row++);
-                if (taken.emplace(slot.week, slot.day, slot.period).second || sharesSlots)
+                if (taken.emplace(slot.week, slot.day % 7, slot.period).second || sharesSlots)
                     phone.place(*subject, slot);
             }
         }

@@ -1,6 +1,7 @@
 #include "presentation/grid/cell_view.h"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 #include "presentation/notifications.h"
@@ -44,7 +45,7 @@ SharedPlacements sortedPlacements(const std::vector<GXDayNPeriodData*>& rows) {
     slots.reserve(rows.size());
     order.reserve(rows.size());
     for (const GXDayNPeriodData* row : rows) {
-        slots.push_back({row->week.get(), row->day.get(), row->period.get(),
+        slots.push_back({row->week.get(), weekdayOf(row->day.get()), row->period.get(),
                          row->room.isSet() ? &row->room.get() : nullptr});
         order.push_back(orderKey(slots.back()) << placeBits | order.size());
     }
@@ -384,6 +385,19 @@ void GXCellView::deselect() {
     setRoom("");
     state_ = State::normal;
     GXUIManager::manager().removeSelectedCell(*this);
+}
+
+std::vector<const GXCellView*> onePerSlot(std::span<const std::shared_ptr<GXCellView>> cells) {
+    const auto place = [](const GXCellView& cell) {
+        const GXCellView::Slot& slot = cell.slot();
+        return std::tuple(slot.week, slot.day, slot.periodIndex);
+    };
+    std::vector<const GXCellView*> kept;
+    for (const auto& cell : cells) {
+        std::erase_if(kept, [&](const auto* other) { return place(*other) == place(*cell); });
+        kept.push_back(cell.get());
+    }
+    return kept;
 }
 
 }  // namespace gexlo

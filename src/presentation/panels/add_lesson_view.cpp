@@ -373,10 +373,10 @@ void GXAddLessonView::writeFields(GXLessonData& lesson, std::string colorName,
 
 std::vector<GXDayNPeriodData*> GXAddLessonView::newPlacements() {
     std::vector<GXDayNPeriodData*> placements;
-    for (const auto& cell : manager().selectedCells()) {
+    for (const GXCellView* cell : onePerSlot(manager().selectedCells())) {
         GXDayNPeriodData& placement = GXDataManager::manager().addNewDayNPeriod();
         placement.week = cell->slot().week;
-        placement.day = cell->slot().day == 7 ? 0 : cell->slot().day;
+        placement.day = cell->slot().day;
         placement.period = cell->slot().periodNo;
         placement.room = cell->room();
         placements.push_back(&placement);
@@ -403,7 +403,7 @@ namespace {
 void takeAlarm(GXDayNPeriodData& placement, const std::vector<GXDayNPeriodData*>& former) {
     const auto old = std::find_if(former.begin(), former.end(), [&](const auto* candidate) {
         return candidate->week.get() == placement.week.get() &&
-               candidate->day.get() == placement.day.get() &&
+               weekdayOf(candidate->day.get()) == placement.day.get() &&
                candidate->period.get() == placement.period.get();
     });
     if (old == former.end()) return;
