@@ -174,8 +174,25 @@ TEST_F(Views, a_drag_comes_to_rest_within_the_content_and_at_a_page) {
     scroll.dragTo({140, 0});
     EXPECT_EQ(scroll.contentOffset(), (CGPoint{100, 0}));
     EXPECT_EQ(window.hitTest({10, 10}), &scroll) << "the button has scrolled away";
-    scroll.setContentSize({50, 50});
-    EXPECT_EQ(scroll.contentOffset(), (CGPoint{100, 0})) << "only a finger brings it back";
+}
+
+TEST_F(Views, an_offset_gives_way_to_limits_that_come_nearer_and_to_nothing_else) {
+    UIScrollView& scroll = window.add<UIScrollView>(CGRect{0, 0, 100, 100});
+    UIView& view = scroll;
+    scroll.setContentSize({310, 400});
+    scroll.setContentOffset({210, 300});
+    const auto offset = [&] { return scroll.contentOffset(); };
+    scroll.setContentSize({500, 350});
+    EXPECT_EQ(offset(), (CGPoint{210, 250}));
+    view.setFrame({5, 5, 300, 110});
+    EXPECT_EQ(offset(), (CGPoint{200, 240}));
+    view.setFrame({5, 5, 50, 50});
+    EXPECT_EQ(offset(), (CGPoint{200, 240}));
+    scroll.setContentOffset({600, -20});
+    scroll.setContentSize({500, 300});
+    EXPECT_EQ(offset(), (CGPoint{600, -20})) << "as it was set";
+    scroll.setContentSize({20, 300});
+    EXPECT_EQ(offset(), (CGPoint{0, -20}));
 }
 
 class Numbers final : public UITableViewDataSource, public UITableViewDelegate {

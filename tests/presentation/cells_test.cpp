@@ -1,5 +1,6 @@
 // The slots of the grid: how placements merge, and what adding and editing do to them.
 #include <random>
+#include <set>
 
 #include "platform/services/application.h"
 #include "platform/services/local_notification.h"
@@ -32,6 +33,30 @@ TEST_F(Cells, placements_of_one_room_merge_along_the_rows_of_a_day) {
         EXPECT_EQ(drawn(1, 1), at.second) << at.first;
         phone.manager().removeLesson_inTimetable(subject, phone.timetable());
     }
+}
+
+TEST_F(Cells, sunday_is_one_day_by_either_number_and_where_it_is_shown_twice) {
+    phone.timetable().firstDay = 0;
+    phone.timetable().lastDay = 7;
+    GXLessonData& subject = phone.addSubject("M", {{7, 1}, {0, 2}, {7, 4}});
+    for (GXDayNPeriodData* placement : subject.times)
+        phone.manager().setAlarm_inClass(1, *placement);
+    redraw();
+    const auto again = [&](std::size_t row) -> GXCellView& {
+        return *mainView().timetablePallet().timetable1().classCells()[7 * 9 + row];
+    };
+    EXPECT_EQ(drawn(0), "M2-|.|M|");
+    EXPECT_TRUE(again(0).numBlocks() == 2 && again(3).lesson() == &subject);
+    manager().openEditLessonView(&subject);
+    manager().setSelectedRoom("B");
+    for (int taps = 0; taps < 2; ++taps)
+        tap(again(3));
+    save("M");
+    std::multiset<std::string> saved;
+    for (const GXDayNPeriodData* at : subject.times)
+        saved.insert(stringWithFormat("%ld %.0f %@ %ld", at->day.get(), at->period.get(),
+                                      at->room.get(), at->alarmValue.get()));
+    EXPECT_EQ(saved, (std::multiset<std::string>{"0 1  1", "0 2  0", "0 4 B 1"}));
 }
 
 TEST_F(Cells, only_the_head_of_a_block_rings_and_a_removed_subject_leaves_nothing) {

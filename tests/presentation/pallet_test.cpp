@@ -57,6 +57,9 @@ TEST_F(Pallet, the_weeks_take_a_page_each_or_share_one) {
         CGRect column = part("day_0_1").frameInWindow(), row = part("period_0_1").frameInWindow();
         if (at.onLeft) std::swap(column, row);
         EXPECT_EQ(cell(2, 1).frameInWindow(), (CGRect{column.x, row.y, column.width, row.height}));
+        mainView().setTimetablePosition(7);
+        EXPECT_EQ(main().contentOffset(), at.page) << "of any number but 0";
+        mainView().setTimetablePosition(0);
         if (at.weeks != 2) continue;
         EXPECT_EQ(part("timetable2").frame().origin(), at.grid);
         EXPECT_EQ(part("daysView2").frame().origin(), at.strip);
@@ -65,8 +68,6 @@ TEST_F(Pallet, the_weeks_take_a_page_each_or_share_one) {
         EXPECT_EQ(main().contentOffset(), at.page);
         tap(part("btnIndexB"));
         EXPECT_EQ(main().contentOffset(), CGPoint{});
-        mainView().setTimetablePosition(7);
-        EXPECT_EQ(main().contentOffset(), at.page) << "of any number but 0";
         for (const int second : {0, 1}) {
             main().setContentOffset(at.onLeft ? CGPoint{0, 273.0 + second}
                                               : CGPoint{159.0 + second});
@@ -83,8 +84,8 @@ TEST_F(Pallet, a_tapped_lesson_comes_above_the_panel_and_the_page_goes_back_behi
         int week, positionY;
         double offset, height, offsetAfter, heightAfter;
     } cases[] = {
-        {5, false, 0, 50, 0, 634, 0, 513},       {5, false, 1, 250, 54, 634, 54, 513},
-        {5, false, 0, 400, 121, 634, 121, 513},  {5, true, 0, 20, 0, 1226, 0, 1106},
+        {5, false, 0, 50, 0, 634, 0, 513},       {5, false, 1, 250, 54, 634, 0, 513},
+        {5, false, 0, 400, 121, 634, 0, 513},    {5, true, 0, 20, 0, 1226, 0, 1106},
         {5, true, 0, 250, 78, 1226, 0, 1106},    {5, true, 0, 400, 120, 1226, 0, 1106},
         {5, true, 1, 20, 553, 1226, 553, 1106},  {5, true, 1, 250, 631, 1226, 553, 1106},
         {5, true, 1, 400, 673, 1226, 553, 1106}, {3, true, 0, 50, 0, 673, 0, 553},
@@ -105,6 +106,66 @@ TEST_F(Pallet, a_tapped_lesson_comes_above_the_panel_and_the_page_goes_back_behi
         EXPECT_EQ(moved.contentOffset().y, at.offsetAfter);
         EXPECT_EQ(moved.contentSize().height, at.heightAfter);
         EXPECT_TRUE(main().isPagingEnabled());
+    }
+}
+
+TEST_F(Pallet, an_editor_that_closes_leaves_the_grid_where_it_is_or_at_its_end) {
+    phone.timetable().lastPeriod = 20;
+    show(5, 1, false);
+    GXLessonData& lesson = phone.addSubject("M");
+    for (const bool adds : {true, false}) {
+        for (const bool saves : {true, false}) {
+            for (const auto& [open, closed] : {std::pair{400, 400}, {671, 550}}) {
+                adds ? manager().openAddLessonView() : manager().openEditLessonView(&lesson);
+                sub().dragTo({0, static_cast<double>(open)});
+                saves ? save("M") : manager().cancelLessonEditing();
+                EXPECT_EQ(sub().contentSize().height, 1060) << adds << saves;
+                EXPECT_EQ(sub().contentOffset().y, closed) << adds << saves;
+            }
+        }
+    }
+}
+
+TEST_F(Pallet, a_load_pages_whatever_was_open_over_the_former_grid) {
+    GXLessonData& lesson = phone.addSubject("M");
+    show(5, 2, true);
+    post(GX_NOTI_LESSON_INFO_OPEN, {{"lessonData", &lesson}, {"weekNo", 0}, {"positionY", 9}});
+    EXPECT_FALSE(main().isPagingEnabled());
+    show(5, 2, false);
+    post(GX_NOTI_CLOSE_ALL_SUBVIEWS);
+    EXPECT_TRUE(main().isPagingEnabled());
+}
+
+TEST_F(Pallet, days_are_named_in_the_bold_face_of_the_language_or_numbered) {
+    const UIFont bold14 = UIFont::boldSystemFontOfSize(14), bold15 = {"", 15, true};
+    const UIFont korean14{"NanumGothicOTFBold", 14}, korean15{"NanumGothicOTFBold", 15};
+    const struct {
+        const char* language;
+        int lastDay;  // from Sunday on
+        bool numbers, onLeft;
+        const char *first, *last;
+        UIFont font;
+        int above = 0;  // the cell
+    } cases[] = {
+        {"en", 4, false, false, "Sun", "Thu", bold15},
+        {"en", 5, true, false, "7", "5", bold14},
+        {"en", 4, true, true, "Day 7", "Day 4", bold14},
+        {"ko", 4, false, false, "일", "목", korean15, 2},
+        {"ko", 5, true, true, "7", "5", korean14, 2},
+        {"ko", 5, true, false, "7", "5", bold14, 2},
+    };
+    for (const auto& at : cases) {
+        phone.facts.languages = {at.language};
+        relaunch();
+        phone.timetable().firstDay = 0;
+        phone.timetable().daysToNumbers = at.numbers;
+        show(at.lastDay, 1, at.onLeft);
+        UIView& last = part(stringWithFormat("day_0_%d", at.lastDay));
+        const auto& label = part<UILabel>("label", last);
+        EXPECT_EQ(part<UILabel>("label", part("day_0_0")).text(), at.first);
+        EXPECT_EQ(label.text(), at.last);
+        EXPECT_EQ(label.font(), at.font) << at.first << at.onLeft;
+        EXPECT_EQ(label.frame().height, last.frame().height + at.above);
     }
 }
 
@@ -155,7 +216,7 @@ protected:
             NSInteger row = below(manager().periods()->numPeriods() + 1);
             for (NSInteger more = below(4); more >= 0; --more) {
                 slot.period = below(9) == 0 ? 2.3F : manager().periods()->periodNo(row++);
-                if (taken.emplace(slot.week, slot.day, slot.period).second || sharesSlots)
+                if (taken.emplace(slot.week, slot.day % 7, slot.period).second || sharesSlots)
                     phone.place(*subject, slot);
             }
         }

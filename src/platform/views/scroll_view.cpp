@@ -9,12 +9,39 @@ namespace gexlo {
 
 namespace {
 
-double restingOffset(double wanted, double content, double visible, bool paging) {
+double restingOffset(double wanted, double last, double visible, bool paging) {
     if (paging && visible > 0) wanted = std::round(wanted / visible) * visible;
-    return std::clamp(wanted, 0.0, std::max(0.0, content - visible));
+    return std::clamp(wanted, 0.0, last);
 }
 
 }  // namespace
+
+CGPoint UIScrollView::lastOffset() const {
+    return {std::max(0.0, contentSize_.width - frame().width),
+            std::max(0.0, contentSize_.height - frame().height)};
+}
+
+void UIScrollView::setContentSize(CGSize size) {
+    const CGPoint former = lastOffset();
+    change(contentSize_, size);
+    comeToRest(former);
+}
+
+void UIScrollView::setFrame(CGRect frame) {
+    const CGPoint former = lastOffset();
+    UIView::setFrame(frame);
+    comeToRest(former);
+}
+
+/// A limit that has not come nearer lets the offset stand: one beyond it was set so, or is held
+/// there by a finger.
+void UIScrollView::comeToRest(CGPoint formerLast) {
+    const CGPoint last = lastOffset();
+    CGPoint offset = contentOffset_;
+    if (last.x < formerLast.x) offset.x = std::min(offset.x, last.x);
+    if (last.y < formerLast.y) offset.y = std::min(offset.y, last.y);
+    setContentOffset(offset);
+}
 
 void UIScrollView::setContentOffset(CGPoint offset) {
     if (contentOffset_ == offset) return;
@@ -36,9 +63,9 @@ void UIScrollView::dragTo(CGPoint offset) {
             return;
         window->touchCancel();
     }
-    setContentOffset(
-        {restingOffset(offset.x, contentSize_.width, frame().width, pagingEnabled_),
-         restingOffset(offset.y, contentSize_.height, frame().height, pagingEnabled_)});
+    const CGPoint last = lastOffset();
+    setContentOffset({restingOffset(offset.x, last.x, frame().width, pagingEnabled_),
+                      restingOffset(offset.y, last.y, frame().height, pagingEnabled_)});
 }
 
 }  // namespace gexlo

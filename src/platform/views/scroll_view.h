@@ -16,8 +16,10 @@ public:
     const char* className() const override { return "UIScrollView"; }
 
     const CGSize& contentSize() const { return contentSize_; }
-    /// The offset stays as it is, even where the content now ends before it.
-    void setContentSize(CGSize size) { change(contentSize_, size); }
+    // Where content that shrinks, or a frame that grows, leaves the offset beyond the last one
+    // possible, it comes to rest there.
+    void setContentSize(CGSize size);
+    void setFrame(CGRect frame) override;
     CGPoint contentOffset() const final { return contentOffset_; }
     /// Any offset is taken; only a finger is held back by the limits.
     void setContentOffset(CGPoint offset);
@@ -43,6 +45,9 @@ protected:
     virtual void didScroll() {}
 
 private:
+    CGPoint lastOffset() const;
+    void comeToRest(CGPoint formerLast);
+
     CGSize contentSize_;
     CGPoint contentOffset_;
     bool pagingEnabled_ = false;

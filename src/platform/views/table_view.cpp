@@ -92,11 +92,8 @@ void UITableView::reloadData() {
             headers_.push_back(source->titleForHeader(*this, i));
         }
     }
-    const double height = sectionTop(numberOfSections());
-    setContentSize({frame().width, height});
-    const double last = std::max(0.0, height - frame().height);
     makeHeaders();
-    if (contentOffset().y > last) return setContentOffset({0, last});
+    setContentSize({frame().width, sectionTop(numberOfSections())});
     layoutRows();
 }
 

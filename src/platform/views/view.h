@@ -67,7 +67,7 @@ public:
     // MARK: looks
 
     const CGRect& frame() const { return frame_; }
-    void setFrame(CGRect frame) { change(frame_, frame); }
+    virtual void setFrame(CGRect frame) { change(frame_, frame); }
     CGRect bounds() const { return {0, 0, frame_.width, frame_.height}; }
     bool isHidden() const { return hidden_; }
     void setHidden(bool hidden) { change(hidden_, hidden); }

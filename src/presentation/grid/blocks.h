@@ -11,10 +11,15 @@
 
 namespace gexlo {
 
+/// The weekday of a stored day: 7 stands for Sunday too.
+constexpr NSInteger weekdayOf(NSInteger day) {
+    return day == 7 ? 0 : day;
+}
+
 /// A placement as merging sees it.
 struct PlacedSlot {
     NSInteger week = 0;
-    NSInteger day = 0;
+    NSInteger day = 0;  ///< 0 Sunday to 6 Saturday
     float period = 0;
     /// Null for a placement without a room, which differs from every room and breaks a block.
     const std::string* room = nullptr;

@@ -1,6 +1,7 @@
 #include "presentation/grid/cell_view.h"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 #include "presentation/notifications.h"
@@ -39,7 +40,7 @@ SharedPlacements sortedPlacements(const std::vector<GXDayNPeriodData*>& rows) {
     std::vector<std::pair<PlacedSlot, GXDayNPeriodData*>> order;
     order.reserve(rows.size());
     for (GXDayNPeriodData* row : rows) {
-        order.push_back({{row->week.get(), row->day.get(), row->period.get(),
+        order.push_back({{row->week.get(), weekdayOf(row->day.get()), row->period.get(),
                           row->room.isSet() ? &row->room.get() : nullptr},
                          row});
     }
@@ -398,6 +399,19 @@ void GXCellView::deselect() {
     setRoom("");
     state_ = State::normal;
     GXUIManager::manager().removeSelectedCell(*this);
+}
+
+std::vector<const GXCellView*> onePerSlot(std::span<const std::shared_ptr<GXCellView>> cells) {
+    const auto place = [](const GXCellView& cell) {
+        const GXCellView::Slot& slot = cell.slot();
+        return std::tuple(slot.week, slot.day, slot.periodIndex);
+    };
+    std::vector<const GXCellView*> kept;
+    for (const auto& cell : cells) {
+        std::erase_if(kept, [&](const auto* other) { return place(*other) == place(*cell); });
+        kept.push_back(cell.get());
+    }
+    return kept;
 }
 
 }  // namespace gexlo

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <vector>
 
 #include "platform/foundation/notification_center.h"
@@ -133,5 +134,9 @@ private:
     UIView& shadowMask_;
     UIControl& button_;
 };
+
+/// Without those that stand on the slot of a later one: a grid of eight days has two cells for a
+/// slot of its Sunday, and what was chosen last counts.
+std::vector<const GXCellView*> onePerSlot(std::span<const std::shared_ptr<GXCellView>> cells);
 
 }  // namespace gexlo

@@ -198,6 +198,8 @@ void GXTimetablePallet::setCorners() {
 void GXTimetablePallet::setScrollViews() {
     mainScrollView_->setFrame(grid_.mainScrollRect());
     mainScrollView_->setContentSize(grid_.mainContentSize());
+    // A panel that was open over the former grid has turned it off.
+    mainScrollView_->setPagingEnabled(true);
     mainScrollView_->setAlwaysBounceHorizontal(!grid_.daysOnLeft);
     mainScrollView_->setAlwaysBounceVertical(grid_.daysOnLeft);
     subScrollView_->setFrame(grid_.subScrollRect());
@@ -225,7 +227,8 @@ int GXTimetablePallet::timetablePosition() const {
 
 void GXTimetablePallet::setTimetablePosition(NSInteger position) {
     if (grid_.weeksShareAPage()) return;
-    mainScrollView_->setContentOffset_animated(pageOffset(grid_, position), true);
+    mainScrollView_->setContentOffset_animated(pageOffset(grid_, hasTwoWeeks() ? position : 0),
+                                               true);
 }
 
 void GXTimetablePallet::indexButtonDidPush(NSInteger tag) {

@@ -36,8 +36,8 @@ public:
 
     /// The page: 0 the first, 1 the second week.
     int timetablePosition() const;
-    /// Scrolls, animated, to the first page or with any other number to the second. Does
-    /// nothing where both weeks lie on one page.
+    /// Scrolls, animated, to the first page or with any other number to the second; of a
+    /// timetable of one week, to the first. Does nothing where both weeks lie on one page.
     void setTimetablePosition(NSInteger position);
 
     // MARK: panels at the foot

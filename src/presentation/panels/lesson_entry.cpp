@@ -24,10 +24,10 @@ void writeFields(const LessonEntry& entry, GXLessonData& lesson) {
 
 std::vector<GXDayNPeriodData*> newPlacements(const LessonEntry& entry) {
     std::vector<GXDayNPeriodData*> placements;
-    for (const auto& cell : entry.cells) {
+    for (const GXCellView* cell : onePerSlot(entry.cells)) {
         GXDayNPeriodData& placement = GXDataManager::manager().addNewDayNPeriod();
         placement.week = cell->slot().week;
-        placement.day = cell->slot().day == 7 ? 0 : cell->slot().day;
+        placement.day = cell->slot().day;
         placement.period = cell->slot().periodNo;
         placement.room = cell->room();
         placements.push_back(&placement);
@@ -40,7 +40,7 @@ std::vector<GXDayNPeriodData*> newPlacements(const LessonEntry& entry) {
 void takeAlarm(GXDayNPeriodData& placement, const std::vector<GXDayNPeriodData*>& former) {
     const auto old = std::find_if(former.begin(), former.end(), [&](const auto* candidate) {
         return candidate->week.get() == placement.week.get() &&
-               candidate->day.get() == placement.day.get() &&
+               weekdayOf(candidate->day.get()) == placement.day.get() &&
                candidate->period.get() == placement.period.get();
     });
     if (old == former.end()) return;
