@@ -264,10 +264,16 @@ TEST_F(OddTimetables, changes_leave_the_grid_as_one_that_is_built_anew) {
 }
 
 TEST_F(OddTimetables, filling_again_gives_all_that_a_new_grid_has) {
+    // Rows are low there, so that rooms have more than one size.
+    phone.facts.screenWidth = 320;
+    phone.facts.screenHeight = 480;
+    relaunch();
     for (int round = 0; round < 40; ++round) {
         makeTimetable(true);
-        for (NSInteger i = below(3); i > 0; --i)
+        for (NSInteger i = below(3); i > 0; --i) {
+            redraw();
             change();
+        }
         const auto& cells = mainView().timetablePallet().timetable1().classCells();
         // With masks on them, and now and then selected.
         for (const UIControlEvent event :
