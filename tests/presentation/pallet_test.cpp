@@ -289,6 +289,19 @@ TEST_F(OddTimetables, filling_again_gives_all_that_a_new_grid_has) {
     }
 }
 
+TEST_F(Pallet, a_cell_that_is_filled_anew_forgets_its_room) {
+    phone.facts.screenHeight = 480;  // rows are low there, and rooms small
+    relaunch();
+    phone.timetable().lastPeriod = 12;
+    auto& lesson = phone.addSubject("Maths", {in("A", mon(1))});
+    redraw();
+    const auto font = [&] { return part<UILabel>("labelRoom", cell(1, 0)).font().size; };
+    EXPECT_EQ(font(), 9);
+    phone.manager().removeLesson_inTimetable(lesson, phone.timetable());
+    redraw();
+    EXPECT_EQ(font(), 10);
+}
+
 TEST_F(Pallet, a_finger_on_a_cell_that_is_filled_anew_has_lost_it) {
     phone.addSubject("Maths", {mon(1)});
     redraw();
