@@ -325,10 +325,16 @@ TEST_F(OddTimetables, changes_leave_the_grid_as_one_that_is_built_anew) {
 }
 
 TEST_F(OddTimetables, filling_again_gives_all_that_a_new_grid_has) {
+    // Rows are low there, so that rooms have more than one size.
+    phone.facts.screenWidth = 320;
+    phone.facts.screenHeight = 480;
+    relaunch();
     for (int round = 0; round < 40; ++round) {
         makeTimetable(true);
-        for (NSInteger i = below(3); i > 0; --i)
+        for (NSInteger i = below(3); i > 0; --i) {
+            redraw();
             change();
+        }
         const auto& cells = mainView().timetablePallet().timetable1().classCells();
         // With masks on them, and now and then selected.
         for (const UIControlEvent event :
@@ -342,6 +348,19 @@ TEST_F(OddTimetables, filling_again_gives_all_that_a_new_grid_has) {
         ASSERT_EQ(allOf(mainView().timetablePallet()), allOf(anew)) << round;
         if (manager().appState() != AppState::normal) manager().cancelLessonEditing();
     }
+}
+
+TEST_F(Pallet, a_cell_that_is_filled_anew_forgets_its_room) {
+    phone.facts.screenHeight = 480;  // rows are low there, and rooms small
+    relaunch();
+    phone.timetable().lastPeriod = 12;
+    auto& lesson = phone.addSubject("Maths", {in("A", mon(1))});
+    redraw();
+    const auto font = [&] { return part<UILabel>("labelRoom", cell(1, 0)).font().size; };
+    EXPECT_EQ(font(), 9);
+    phone.manager().removeLesson_inTimetable(lesson, phone.timetable());
+    redraw();
+    EXPECT_EQ(font(), 10);
 }
 
 TEST_F(Pallet, a_finger_on_a_cell_that_is_filled_anew_has_lost_it) {
