@@ -54,6 +54,9 @@ TEST_F(LessonEditor, rooms_come_go_and_are_chosen) {
     addRoom("btnRoom2", "");
     EXPECT_EQ(rooms(), "A! + - x");
     addRoom("btnRoom2", "B");
+    addRoom("btnRoom3", "B");
+    EXPECT_EQ(topAlert(), "This room is entered already. OK");
+    UIWindow::keyWindow().answer(0);
     addRoom("btnRoom3", "C");
     EXPECT_EQ(rooms(), "A B C! x");
     EXPECT_EQ(cell(2, 0).room(), "A") << "a slot with a room keeps it";
@@ -68,6 +71,36 @@ TEST_F(LessonEditor, rooms_come_go_and_are_chosen) {
     tap(part("btnDelLessonRoom"));
     tap(part("btnDelLessonRoom"));
     EXPECT_EQ(rooms(), "+ - -");
+}
+
+TEST_F(LessonEditor, what_is_entered_is_there_after_the_next_start) {
+    openAdd();
+    const NSInteger number = phone.manager().getDataUpdateNo();
+    tap(cell(1, 0));
+    for (const char* field : {"tfName", "tfProfessor"}) {
+        tap(part(field));
+        part<UITextField>(field).insertText(field);
+    }
+    part<UITextField>("tfProfessor").returnKey();
+    EXPECT_EQ(part("addLessonView").frame().y, 667 - 55 - 120) << "the keyboard has gone";
+    for (const auto& [button, room] :
+         {std::pair{"btnRoom1", "A"}, {"btnRoom2", "B"}, {"btnRoom3", "C"}})
+        addRoom(button, room);
+    tap(part("colorButtonDidPush"));
+    phone.advance(1);
+    tap(part("subjectColor_16"));
+    tap(part("fontColor_1"));
+    tap(part("btnOK", part("GXColorSelector")));
+    phone.advance(1);
+    manager().saveLesson();
+    EXPECT_FALSE(part<GXBottomMenu>("bottomMenu").isLocked());
+    EXPECT_EQ(phone.manager().getDataUpdateNo(), number + 1);
+    relaunch();
+    const GXLessonData& lesson = *phone.timetable().lessons.anyObject();
+    EXPECT_EQ(lesson.name.get() + lesson.professor->name.get(), "tfNametfProfessor");
+    EXPECT_EQ(lesson.room1.get() + lesson.room2.get() + lesson.room3.get(), "ABC");
+    EXPECT_EQ(lesson.color.get() + lesson.fontColor.get(), "#F04853#FFFFFF");
+    EXPECT_EQ(drawn(1), "tfNameA|");
 }
 
 TEST_F(LessonEditor, a_missing_name_is_asked_for_by_another_button_in_each_mode) {

@@ -1,7 +1,9 @@
 // The list of subjects: its order, what editing it does, and how it is left.
 #include "platform/services/application.h"
 #include "platform/services/local_notification.h"
+#include "platform/views/image_view.h"
 #include "platform/views/table_view.h"
+#include "presentation/style/color_manager.h"
 #include "support/grid.h"
 
 namespace gexlo::test {
@@ -40,6 +42,18 @@ TEST_F(SubjectList, rows_that_were_moved_stay_there) {
     manager().openLessonSelector();
     EXPECT_EQ(names(), "ACB");
     EXPECT_EQ(phone.timetable().lessons.anyObject()->sortIndex.get(), 3) << "the largest on top";
+}
+
+TEST_F(SubjectList, a_row_shows_its_subject_in_its_colour) {
+    GXLessonData& lesson = *phone.manager().lessonListForCurrentTimetable().front();
+    lesson.color = "#F04853";
+    lesson.professor->name = "Ms Kim";
+    table().reloadData();
+    UITableViewCell& row = *table().cellForRow({0, 0});
+    const GXColorManager& colors = GXColorManager::colorManager();
+    EXPECT_EQ(part<UIImageView>("colorView", row).image(),
+              colors.imageWithColor_width_height(colors.colorWithName("#F04853"), 18, 32));
+    EXPECT_EQ(part<UILabel>("professorLabel", row).text(), "Ms Kim");
 }
 
 TEST_F(SubjectList, a_subject_goes_only_when_the_sheet_is_confirmed) {

@@ -76,6 +76,7 @@ TEST_F(Subjects, items_left_behind_are_numbered_from_0_again_and_saved) {
     GXHomeworkData& first = phone.addHomework(lesson, "1");
     GXHomeworkData& second = phone.addHomework(lesson, "2");
     GXHomeworkData& third = phone.addHomework(lesson, "3");
+    EXPECT_EQ(first.genDate.get(), NSDate::date());
     manager().removeHomework(second);
     EXPECT_EQ(first.index.get(), 0);
     EXPECT_EQ(third.index.get(), 1);

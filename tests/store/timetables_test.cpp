@@ -54,10 +54,13 @@ TEST_F(Timetables, a_copy_takes_settings_times_and_subjects_and_leaves_what_is_p
     classtime.period = 2.1F;
     classtime.shortName = "L";
     classtime.beginHour = 12;
+    classtime.endMin = 50;
     source.classtimes.addObject(classtime);
     GXLessonData& lesson = phone.addSubject("Maths", {mon(1), tue(2.5F, 1)});
     lesson.color = "gold";
     lesson.room2 = "B2";
+    lesson.room3 = "B3";
+    lesson.rgbGreen = 7;
     lesson.absenceCount = 3;
     lesson.professor->name = "Ms Kim";
     lesson.professor->phone = "555";
@@ -69,25 +72,34 @@ TEST_F(Timetables, a_copy_takes_settings_times_and_subjects_and_leaves_what_is_p
     GXTimetableData& copy = manager().copyTimetableFromTimetableNo(source.index.get());
     EXPECT_EQ(copy.name.get(), "Term 1 copy");
     EXPECT_EQ(copy.backgroundImage.get(), "#F3F0EC") << "a user image belongs to one timetable";
-    EXPECT_EQ(copy.lastPeriod.get(), 12);
-    EXPECT_EQ(copy.alphaBorder.get(), 0.25F);
-    EXPECT_TRUE(copy.useHalfPeriods.get());
+    const auto expectAlike = [](const NSManagedObject& one, const NSManagedObject& other,
+                                const std::vector<const char*>& keys) {
+        for (const char* key : keys)
+            EXPECT_EQ(one.valueForKey(key), other.valueForKey(key)) << key;
+    };
+    expectAlike(copy, source,
+                {"numWeeks",       "firstDay",          "lastDay",          "firstPeriod",
+                 "lastPeriod",     "daysToNumbers",     "daysOnLeft",       "useHalfPeriods",
+                 "showClasstimes", "useSameClasshours", "colorBorder",      "alphaBorder",
+                 "colorTableBack", "alphaTableBack",    "colorDaysBack",    "alphaDaysBack",
+                 "colorDaysFont",  "colorPeriodsBack",  "alphaPeriodsBack", "colorPeriodsFont",
+                 "alphaSubject",   "useAbsenceCounting"});
     EXPECT_FALSE(copy.textSize.isSet());
     EXPECT_EQ(copy.textSize.get(), 0);
     EXPECT_EQ(manager().timetableList().front(), &copy);
 
     ASSERT_EQ(copy.classtimes.count(), 1U);
     const GXClasstimeData& time = *copy.classtimes.anyObject();
-    EXPECT_EQ(time.period.get(), 2.1F);
-    EXPECT_EQ(time.shortName.get(), "L");
-    EXPECT_EQ(time.beginHour.get(), 12);
+    expectAlike(time, classtime,
+                {"week", "name", "shortName", "period", "beginHour", "beginMin", "endMin"});
     EXPECT_FALSE(time.endHour.isSet());
 
     ASSERT_EQ(copy.lessons.count(), 1U);
     const GXLessonData& subject = *copy.lessons.anyObject();
     EXPECT_NE(subject.id.get(), lesson.id.get());
-    EXPECT_EQ(subject.color.get(), "gold");
-    EXPECT_EQ(subject.room2.get(), "B2");
+    expectAlike(
+        subject, lesson,
+        {"name", "color", "fontColor", "rgbRed", "rgbGreen", "rgbBlue", "room1", "room2", "room3"});
     EXPECT_EQ(subject.absenceCount.get(), 0);
     EXPECT_EQ(subject.professor->name.get(), "Ms Kim");
     EXPECT_EQ(subject.professor->phone.get(), "");
