@@ -12,7 +12,7 @@ namespace {
 
 /// Touches longer than this hide the bubble at once, shorter ones after a while.
 constexpr double kLongTouch = 1.0;
-/// More than the bubble stands at least.
+/// From the release; more than the bubble stands at least.
 constexpr double kBubbleDelay = 1.5;
 
 }  // namespace
@@ -98,7 +98,8 @@ void GXPeriodCellView::touchesEnded(CGPoint) {
     const auto hide = [] { GXUIManager::manager().hideClassHour(); };
     const NSTimeInterval held = NSDate::date().timeIntervalSinceDate(touchBegan_);
     if (held > kLongTouch) hide();
-    // A bubble that has not stood long enough stays, so it is asked again.
+    // A bubble that has not stood long enough stays when it is asked, and nobody else would ask
+    // again: that of a touch between these two lengths goes with the delay too, like a short one's.
     if (held < kBubbleDelay) Device::current().mainQueue().after(kBubbleDelay, hide);
 }
 
