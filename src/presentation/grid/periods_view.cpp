@@ -10,6 +10,8 @@ namespace gexlo {
 
 namespace {
 
+/// Part of its size to which the name of a break shrinks.
+constexpr double kSmallestName = 0.7;
 /// Touches longer than this hide the bubble at once, shorter ones after a while.
 constexpr double kLongTouch = 1.0;
 /// From the release; more than the bubble stands at least.
@@ -26,6 +28,8 @@ GXPeriodCellView::GXPeriodCellView(CGRect frame, const GXPeriod& period, bool da
     setBackgroundColor(UIColor::colorWithWhite(1, 0.5F));
     labelName_->setAccessibilityIdentifier("labelName");
     labelName_->setText(period.shortName);
+    labelName_->setNumberOfLines(0);
+    labelName_->setMinimumScaleFactor(kSmallestName);
     labelName_->setTextAlignment(NSTextAlignment::center);
     labelName_->setFont(UIFont::boldSystemFontOfSize(isMinor() ? 12 : 15));
     labelName_->setTextColor(UIColor::colorWithWhite(0, isMinor() ? 0.6F : 1));
