@@ -49,7 +49,7 @@ const QRawFont& DrawingResources::font(const QRawFont& reference, double pixels)
 const TextLayout& DrawingResources::layout(std::string_view text, const UIFont& font,
                                            const TextBounds& bounds) {
     LayoutKey key(text, font.family, font.size, font.bold, bounds.width, bounds.lines,
-                  bounds.smallestScale, bounds.elides);
+                  bounds.smallestScale, bounds.elides, bounds.height);
     const auto found = layouts_.find(key);
     if (found != layouts_.end()) return found->second;
     if (layouts_.size() == kMostLayouts) layouts_.clear();

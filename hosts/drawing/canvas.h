@@ -34,7 +34,7 @@ public:
 
 private:
     using LayoutKey =
-        std::tuple<std::string, std::string_view, float, bool, double, int, double, bool>;
+        std::tuple<std::string, std::string_view, float, bool, double, int, double, bool, double>;
 
     ImageStore images_;
     std::map<LayoutKey, TextLayout> layouts_;

@@ -1,5 +1,6 @@
 #include "hosts/drawing/text_layout.h"
 
+#include <QTextBoundaryFinder>
 #include <QTextLayout>
 #include <algorithm>
 #include <cmath>
@@ -15,12 +16,25 @@ namespace {
 /// baseline. Both hold for every script, so that a line is as high whatever it says.
 constexpr double kLineHeight = 1.2;
 constexpr double kMiddle = 0.38;
+/// Points that letters may stand out of their frame.
+constexpr double kOverhang = 0.5;
+/// By which a text of several lines shrinks at a time.
+constexpr double kScaleStep = 0.01;
+constexpr double kSmallestScale = 0.01;
 
 /// At the reference size: beyond the first a width is none, the second is lost in rounding.
 constexpr double kWidest = 1e6;
 constexpr double kRounding = 0.03;
 
 constexpr QChar kEllipsis = QChar(0x2026);
+
+/// What becomes of a text that is broken into lines, from the best on.
+enum class Fit : std::uint8_t {
+    whole,     ///< lines end between words
+    broken,    ///< a word goes on in the next line
+    straggle,  ///< one letter of a longer word has a line of its own
+    cut,       ///< there is more than the lines hold
+};
 
 /// Breaks texts into lines, all at the reference size.
 class LineBreaker {
@@ -29,8 +43,8 @@ public:
 
     std::vector<TextLayout::Line> lines(const QString& text, double width, int count, bool elides);
     double widthOfLine(const QString& text);
-    /// Of the widest line when lines break between words alone.
-    double widthOfWords(const QString& text, double width) const;
+    /// `most` counts the lines that there may be.
+    Fit fit(const QString& text, double width, int most) const;
 
 private:
     void prepare(QTextLayout& layout, QTextOption::WrapMode mode) const;
@@ -64,17 +78,35 @@ double LineBreaker::widthOfLine(const QString& text) {
     return lines(text, kWidest, 1, false).front().width;
 }
 
-double LineBreaker::widthOfWords(const QString& text, double width) const {
-    double widest = 0;
+Fit LineBreaker::fit(const QString& text, double width, int most) const {
+    Fit result = Fit::whole;
+    QTextBoundaryFinder breaks(QTextBoundaryFinder::Line, text);
     QTextLayout layout(text);
-    prepare(layout, QTextOption::WordWrap);
+    prepare(layout, QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(std::min(width, kWidest));
-        widest = std::max(widest, line.naturalTextWidth());
+        const qsizetype start = line.textStart();
+        const qsizetype end = start + line.textLength();
+        if (line.naturalTextWidth() > width || (--most == 0 && end < text.size())) {
+            result = Fit::cut;
+            break;
+        }
+        qsizetype inkEnd = end;
+        while (inkEnd > start && text[inkEnd - 1].isSpace())
+            --inkEnd;
+        const bool goesOn = inkEnd == end && end < text.size();
+        const bool isGoingOn = start > 0 && !text[start - 1].isSpace();
+        const bool isOneLetter = layout.nextCursorPosition(static_cast<int>(start)) >= inkEnd;
+        breaks.setPosition(end);
+        if (inkEnd > start && isOneLetter && (goesOn || isGoingOn)) {
+            result = Fit::straggle;
+        } else if (goesOn && !breaks.isAtBoundary()) {
+            result = std::max(result, Fit::broken);
+        }
     }
     layout.endLayout();
-    return widest;
+    return result;
 }
 
 /// As much of the text's first line as fits with an ellipsis behind it.
@@ -120,6 +152,25 @@ std::vector<TextLayout::Line> LineBreaker::lines(const QString& text, double wid
     return result;
 }
 
+/// The largest scale at which a text of several lines fits best. One that is cut at the smallest is
+/// cut at all, and shows most there.
+template <typename FitAt>
+double largestOfBest(double smallest, FitAt fitAt) {
+    double best = 1;
+    Fit bestFit = fitAt(best);
+    if (bestFit == Fit::whole) return best;
+    if (fitAt(smallest) == Fit::cut) return smallest;
+    for (double scale = best; bestFit != Fit::whole && scale > smallest;) {
+        scale = std::max(scale - kScaleStep, smallest);
+        const Fit fit = fitAt(scale);
+        if (fit < bestFit) {
+            best = scale;
+            bestFit = fit;
+        }
+    }
+    return best;
+}
+
 }  // namespace
 
 TextLayout::TextLayout(std::string_view text, const UIFont& font, const TextBounds& bounds)
@@ -128,24 +179,34 @@ TextLayout::TextLayout(std::string_view text, const UIFont& font, const TextBoun
     QString source = qtText(text);
     source.replace('\n', QChar::LineSeparator);
     LineBreaker breaker(font);
-    const auto reference = [&](double points) {
-        return std::max(0.0, points) / fontSize_ * kReferenceSize;
+    const auto width = [&](double scale) {
+        return std::max(0.0, bounds.width) / (font.size * scale) * kReferenceSize + kRounding;
     };
-    if (bounds.smallestScale < 1) {
-        const double width = reference(bounds.width);
-        const double needed =
-            bounds.lines == 1 ? breaker.widthOfLine(source) : breaker.widthOfWords(source, width);
-        const double scale = width / std::max(needed, kRounding);
-        fontSize_ *= std::clamp(scale, std::max(bounds.smallestScale, 0.01), 1.0);
+    const auto most = [&](double scale) {
+        const int fitting = linesThatFit(bounds.height, font.size * scale);
+        return bounds.lines > 0 ? std::min(bounds.lines, fitting) : fitting;
+    };
+    const auto fit = [&](double scale) { return breaker.fit(source, width(scale), most(scale)); };
+    const double smallest = std::clamp(bounds.smallestScale, kSmallestScale, 1.0);
+    double scale = 1;
+    if (smallest < 1) {
+        scale = bounds.lines == 1
+                    ? std::clamp(width(1) / breaker.widthOfLine(source), smallest, 1.0)
+                    : largestOfBest(smallest, fit);
     }
-    lines_ =
-        breaker.lines(source, reference(bounds.width) + kRounding, bounds.lines, bounds.elides);
+    fontSize_ *= scale;
+    lines_ = breaker.lines(source, width(scale), most(scale), bounds.elides);
     for (Line& line : lines_)
         line.width *= fontSize_ / kReferenceSize;
 }
 
 double TextLayout::lineHeightOf(double fontSize) {
     return std::ceil(fontSize * kLineHeight);
+}
+
+int TextLayout::linesThatFit(double height, double fontSize) {
+    const double further = (height + kOverhang - fontSize) / lineHeightOf(fontSize);
+    return 1 + static_cast<int>(std::clamp(further, 0.0, 1e6));
 }
 
 double TextLayout::baseline() const {

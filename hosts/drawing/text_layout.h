@@ -3,6 +3,7 @@
 
 #include <QGlyphRun>
 #include <QList>
+#include <limits>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -15,9 +16,10 @@ namespace gexlo {
 /// What a text must keep to.
 struct TextBounds {
     double width = 0;
-    int lines = 0;             ///< 0 for as many as it takes
-    double smallestScale = 1;  ///< down to which a single line, or a word of many, shrinks
+    int lines = 0;             ///< 0 for as many as the height allows
+    double smallestScale = 1;  ///< down to which the text shrinks, as a label's does
     bool elides = true;        ///< whether what is left out shows as an ellipsis
+    double height = std::numeric_limits<double>::infinity();
 };
 
 class TextLayout {
@@ -38,6 +40,8 @@ public:
     CGSize size() const;
 
     static double lineHeightOf(double fontSize);
+    /// At least one.
+    static int linesThatFit(double height, double fontSize);
 
 private:
     std::vector<Line> lines_;

@@ -22,15 +22,6 @@ constexpr UIColor kTrackColor = UIColor::colorWithWhite(0.72F);
 constexpr UIColor kAccentColor = UIColor::colorWithRed_green_blue(0, 0.48F, 1);
 constexpr UIColor kDeleteColor = UIColor::colorWithRed_green_blue(1, 0.23F, 0.19F);
 
-/// The part of a line that must be seen for it to stand there: frames are made for fonts whose
-/// lines are a little lower.
-constexpr double kNeededOfLine = 0.75;
-
-int linesThatFit(double height, const UIFont& font) {
-    const double lines = height / TextLayout::lineHeightOf(font.size) + 1 - kNeededOfLine;
-    return std::max(1, static_cast<int>(std::min(lines, 1e6)));
-}
-
 CGRect centered(CGSize size, const CGRect& box) {
     const CGPoint center = box.center();
     return {center.x - size.width / 2, center.y - size.height / 2, size.width, size.height};
@@ -42,11 +33,11 @@ CGRect disc(CGPoint center, double diameter) {
 
 void drawLabel(Canvas& canvas, const UILabel& label, const CGRect& frame) {
     if (label.text().empty() || canvas.isOutside(frame)) return;
-    const int most = linesThatFit(frame.height, label.font());
-    const int lines = label.numberOfLines() > 0 ? std::min(most, label.numberOfLines()) : most;
-    const TextLayout& layout = canvas.layout(
-        label.text(), label.font(),
-        {.width = frame.width, .lines = lines, .smallestScale = label.minimumScaleFactor()});
+    const TextLayout& layout = canvas.layout(label.text(), label.font(),
+                                             {.width = frame.width,
+                                              .lines = label.numberOfLines(),
+                                              .smallestScale = label.minimumScaleFactor(),
+                                              .height = frame.height});
     canvas.text(layout, frame, label.textAlignment(), label.textColor());
 }
 
@@ -99,9 +90,11 @@ void drawTextView(Canvas& canvas, const UITextView& view, const CGRect& frame) {
     if (canvas.isOutside(frame)) return;
     const bool isEmpty = view.text().empty();
     const CGRect box{frame.x + kSide, frame.y + kTop, frame.width - 2 * kSide, frame.height - kTop};
-    const TextLayout& layout = canvas.layout(
-        isEmpty ? view.placeholder() : view.text(), view.font(),
-        {.width = box.width, .lines = linesThatFit(box.height, view.font()) + 1, .elides = false});
+    const TextLayout& layout =
+        canvas.layout(isEmpty ? view.placeholder() : view.text(), view.font(),
+                      {.width = box.width,
+                       .lines = TextLayout::linesThatFit(box.height, view.font().size) + 1,
+                       .elides = false});
     canvas.text(layout, box, view.textAlignment(), isEmpty ? kPlaceholderColor : view.textColor(),
                 TextPlacement::top);
 }

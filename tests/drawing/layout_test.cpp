@@ -242,6 +242,8 @@ public:
         auto& lesson = phone.addSubject(name, {mon(1), mon(2), tue(4), in(name.c_str(), tue(5))});
         for (auto* text : {&lesson.professor->name, &lesson.room1, &lesson.room2, &lesson.room3})
             *text = name;
+        auto& lunch = phone.addClasstime(phone.timetable(), mon(4.1F), 12, 0);
+        lunch.shortName = "Lunch break";
         phone.manager().saveContext();
     }
     void ask(bool forText) const {

@@ -180,6 +180,38 @@ TEST_F(Painter, a_text_keeps_to_its_place_by_ellipsis_or_shrinking) {
     EXPECT_LT(inkOf(painted()).height(), 20);
 }
 
+TEST_F(Painter, a_text_of_several_lines_shrinks_so_that_its_words_stay_whole) {
+    const struct {
+        const char *text, *lines;
+        CGSize room;
+        double scale;
+    } cases[] = {
+        {"Biology lab", "Biology lab", {80, 23}, 1},
+        {"Biology lab", "Biology lab", {60, 23}, 0.88},
+        {"Lunch break", "Lunch\nbreak", {28, 35}, 0.77},
+        {"Physical Education", "Physical\nEducation", {57, 23}, 0.85},
+        {"물리학", "물리학", {30, 40}, 0.9},
+        {"Fremdsprache", "Fremds\nprache", {46, 40}, 1},
+        {"Introduction to Computer Science", "Introduction\nto Compute…", {57, 21}, 0.7},
+    };
+    for (const auto& at : cases) {
+        const auto written = [&](const char* text, double scale) {
+            UILabel& label = write(text, {10, 10, at.room.width, at.room.height});
+            label.setFont(UIFont::boldSystemFontOfSize(static_cast<float>(12 * scale)));
+            label.setNumberOfLines(0);
+            return &label;
+        };
+        written(at.text, 1)->setMinimumScaleFactor(0.7);
+        const QImage shrunk = painted();
+        double scale = 1;
+        for (; scale > 0.695; scale -= 0.01) {
+            written(at.lines, scale);
+            if (painted() == shrunk) break;
+        }
+        EXPECT_NEAR(scale, at.scale, 0.02) << at.text;
+    }
+}
+
 TEST_F(Painter, every_script_has_glyphs_and_han_follows_the_language) {
     std::vector<QImage> seen;
     const auto isNew = [&](const char* text) {
@@ -192,6 +224,12 @@ TEST_F(Painter, every_script_has_glyphs_and_han_follows_the_language) {
     phone.facts.languages = {"zh-Hans"};
     phone.restart();
     EXPECT_TRUE(isNew("直"));
+    const auto korean = [&](UIFont font) {
+        write("월", {20, 20, 40, 24}).setFont(font);
+        return painted();
+    };
+    const QImage bold = korean(UIFont::fontWithName_size("NanumGothicOTFBold", 15));
+    EXPECT_TRUE(bold == korean({"NanumGothic", 15, true}) && bold != korean({"NanumGothic", 15}));
 }
 
 }  // namespace

@@ -29,8 +29,9 @@ public:
     /// 0 for as many as fit. What does not fit ends with an ellipsis.
     int numberOfLines() const { return numberOfLines_; }
     void setNumberOfLines(int lines) { change(numberOfLines_, lines); }
-    /// How far the text shrinks, as a part of the font's size: a single line until it fits, one
-    /// of many until no word is broken.
+    /// How far the text shrinks as it is drawn, as a part of the font's size, until all of it
+    /// stands there with its words whole. Where that is not far enough words break, best not before
+    /// a last letter; and only a text that fits in no way is cut.
     double minimumScaleFactor() const { return minimumScaleFactor_; }
     void setMinimumScaleFactor(double factor) {
         change(minimumScaleFactor_, static_cast<float>(factor));

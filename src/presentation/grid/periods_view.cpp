@@ -10,9 +10,11 @@ namespace gexlo {
 
 namespace {
 
+/// Part of its size to which the name of a break shrinks.
+constexpr double kSmallestName = 0.7;
 /// Touches longer than this hide the bubble at once, shorter ones after a while.
 constexpr double kLongTouch = 1.0;
-/// More than the bubble stands at least.
+/// From the release; more than the bubble stands at least.
 constexpr double kBubbleDelay = 1.5;
 
 }  // namespace
@@ -26,6 +28,8 @@ GXPeriodCellView::GXPeriodCellView(CGRect frame, const GXPeriod& period, bool da
     setBackgroundColor(UIColor::colorWithWhite(1, 0.5F));
     labelName_->setAccessibilityIdentifier("labelName");
     labelName_->setText(period.shortName);
+    labelName_->setNumberOfLines(0);
+    labelName_->setMinimumScaleFactor(kSmallestName);
     labelName_->setTextAlignment(NSTextAlignment::center);
     labelName_->setFont(UIFont::boldSystemFontOfSize(isMinor() ? 12 : 15));
     labelName_->setTextColor(UIColor::colorWithWhite(0, isMinor() ? 0.6F : 1));
@@ -98,7 +102,8 @@ void GXPeriodCellView::touchesEnded(CGPoint) {
     const auto hide = [] { GXUIManager::manager().hideClassHour(); };
     const NSTimeInterval held = NSDate::date().timeIntervalSinceDate(touchBegan_);
     if (held > kLongTouch) hide();
-    // A bubble that has not stood long enough stays, so it is asked again.
+    // A bubble that has not stood long enough stays when it is asked, and nobody else would ask
+    // again: that of a touch between these two lengths goes with the delay too, like a short one's.
     if (held < kBubbleDelay) Device::current().mainQueue().after(kBubbleDelay, hide);
 }
 
