@@ -1,5 +1,6 @@
 // Sending a full timetable off and taking it in, each beside what SQLite alone takes.
 #include <benchmark/benchmark.h>
+#include <sqlite3.h>
 
 #include <array>
 #include <fstream>
