@@ -102,6 +102,7 @@ private:
 
     UILabel& addLabel(const char* identifier);
     UIView& addMask(const char* identifier, UIColor color);
+    void showMask(UIView& mask, bool shown);
     void buttonEvent(UIControlEvent event);
     void buttonTouchUp();
     bool finishMode(GXLessonData& lesson, const Placements& placements);
@@ -125,6 +126,7 @@ private:
     int numBlocks_ = 0;
     bool hiddenCell_ = false;
     State state_ = State::normal;
+    bool mayBeMasked_ = false;
 
     // From bottom to top.
     UILabel& labelSubject_;
