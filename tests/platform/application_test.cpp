@@ -87,5 +87,36 @@ TEST(Application, a_tap_opens_what_still_stands_among_what_rang_and_takes_it_out
     EXPECT_EQ(scheduled[0].alertBody, "weekly");
 }
 
+/// One that does nothing of what ours does by itself.
+struct Idle final : UIApplicationDelegate {
+    bool application_didFinishLaunchingWithOptions() override { return true; }
+    void applicationWillResignActive() override {}
+    void applicationDidEnterBackground() override {}
+    void applicationWillEnterForeground() override {}
+    void applicationDidBecomeActive() override {}
+    void applicationWillTerminate() override {}
+    void application_didReceiveLocalNotification(const UILocalNotification&) override { ++taps; }
+    bool application_openURL_options(const std::string&,
+                                     const UIApplicationOpenURLOptions&) override {
+        return true;
+    }
+    int taps = 0;
+};
+
+TEST(Application, what_is_tapped_no_longer_lies_there_whatever_the_application_does_with_it) {
+    Idle idle;
+    Phone phone;
+    application().launch(idle);
+    const UILocalNotification note = schedule("weekly", 10, kRepeatWeekly);
+    phone.background();
+    phone.advance(7 * 86400 + 20.0);
+    for (const std::size_t left : {1U, 0U}) {
+        application().openRung({note});
+        EXPECT_EQ(application().rungLocalNotifications().size(), left);
+    }
+    application().openRung({note});
+    EXPECT_EQ(idle.taps, 2);
+}
+
 }  // namespace
 }  // namespace gexlo::test

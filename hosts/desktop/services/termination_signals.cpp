@@ -26,7 +26,7 @@ void handle(int) {
 void setHandler(void (*handler)(int), void (*instead)(int)) {
     struct sigaction action {};
     action.sa_handler = handler;
-    action.sa_flags = SA_RESTART;
+    action.sa_flags = SA_RESTART | SA_RESETHAND;
     for (const int signal : kSignals) {
         struct sigaction former {};
         ::sigaction(signal, nullptr, &former);

@@ -7,7 +7,8 @@
 namespace gexlo {
 
 /// One at a time, from construction to end; before and after, the signals end the process as
-/// they do any other. One that the process was started to ignore stays ignored.
+/// they do any other. One that the process was started to ignore stays ignored, and the second of
+/// a kind ends the process at once.
 class TerminationSignals final {
 public:
     /// `asked` is called from the event loop.
