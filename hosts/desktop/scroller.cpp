@@ -14,10 +14,6 @@ constexpr double kBeyond = 0.4;       // of the way that a view gives beyond its
 constexpr int kGlideTime = 450;       // milliseconds
 constexpr int kPageTime = 300;
 
-double lastOffset(double content, double visible) {
-    return std::max(0.0, content - visible);
-}
-
 bool canScrollSideways(const UIScrollView& view) {
     return view.contentSize().width > view.frame().width || view.alwaysBounceHorizontal();
 }
@@ -47,7 +43,7 @@ Scroller::Scroller(std::function<void(const std::function<void()>&)> turn)
     glide_.setEasingCurve(QEasingCurve::OutCubic);
     connect(&glide_, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {
         const QPointF offset = value.toPointF();
-        setOffset({offset.x(), offset.y()});
+        glideOn({offset.x(), offset.y()});
     });
 }
 
@@ -83,14 +79,9 @@ void Scroller::moveTo(QPointF point, qint64 milliseconds) {
         samples_.pop_front();
     const QPointF distance = startPoint_ - point;
     CGPoint offset = start_;
-    const CGSize content = view_->contentSize();
-    const CGSize visible = view_->frame().size();
-    if (canScrollSideways(*view_)) {
-        offset.x = followed(start_.x + distance.x(), lastOffset(content.width, visible.width));
-    }
-    if (canScrollUpright(*view_)) {
-        offset.y = followed(start_.y + distance.y(), lastOffset(content.height, visible.height));
-    }
+    const CGPoint last = view_->lastOffset();
+    if (canScrollSideways(*view_)) offset.x = followed(start_.x + distance.x(), last.x);
+    if (canScrollUpright(*view_)) offset.y = followed(start_.y + distance.y(), last.y);
     setOffset(offset);
 }
 
@@ -112,24 +103,38 @@ void Scroller::interrupt() {
 
 void Scroller::comeToRest(QPointF fast) {
     dragging_ = false;
-    const CGSize content = view_->contentSize();
-    const CGSize visible = view_->frame().size();
+    const CGSize page = view_->frame().size();
+    const CGPoint last = view_->lastOffset();
     const CGPoint offset = view_->contentOffset();
     const bool paging = view_->isPagingEnabled();
-    glideTo({resting(offset.x, start_.x, canScrollSideways(*view_) ? fast.x() : 0,
-                     lastOffset(content.width, visible.width), visible.width, paging),
-             resting(offset.y, start_.y, canScrollUpright(*view_) ? fast.y() : 0,
-                     lastOffset(content.height, visible.height), visible.height, paging)},
+    glideTo({resting(offset.x, start_.x, canScrollSideways(*view_) ? fast.x() : 0, last.x,
+                     page.width, paging),
+             resting(offset.y, start_.y, canScrollUpright(*view_) ? fast.y() : 0, last.y,
+                     page.height, paging)},
             paging ? kPageTime : kGlideTime);
 }
 
 void Scroller::glideTo(CGPoint offset, int milliseconds) {
     const CGPoint from = view_->contentOffset();
     if (from == offset) return;
+    glided_ = from;
     glide_.setDuration(milliseconds);
     glide_.setStartValue(QPointF(from.x, from.y));
     glide_.setEndValue(QPointF(offset.x, offset.y));
     glide_.start();
+}
+
+/// A scroll by the program ends the glide; content that has become shorter has a nearer end.
+void Scroller::glideOn(CGPoint offset) {
+    const QPointF end = glide_.endValue().toPointF();
+    const CGPoint last = view_->lastOffset();
+    if (view_->contentOffset() != glided_) return glide_.stop();
+    if (end.x() > last.x || end.y() > last.y) {
+        glide_.stop();
+        return comeToRest({});
+    }
+    glided_ = offset;
+    setOffset(offset);
 }
 
 void Scroller::scrollBy(const std::shared_ptr<UIScrollView>& view, QPointF distance) {

@@ -42,6 +42,7 @@ private:
     QPointF speed(qint64 now) const;
     void comeToRest(QPointF fast);
     void glideTo(CGPoint offset, int milliseconds);
+    void glideOn(CGPoint offset);
     void setOffset(CGPoint offset);
 
     std::function<void(const std::function<void()>&)> turn_;
@@ -51,6 +52,7 @@ private:
     QPointF startPoint_;
     std::deque<Sample> samples_;
     QVariantAnimation glide_;
+    CGPoint glided_;  // the offset that the glide has set last
 };
 
 }  // namespace gexlo

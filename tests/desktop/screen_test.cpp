@@ -374,6 +374,26 @@ TEST_F(Screen, a_list_glides_on_unless_the_finger_rested) {
     }
 }
 
+TEST_F(Screen, a_glide_gives_way_to_what_the_program_does_meanwhile) {
+    auto& list = add<UIScrollView>({0, 0, 375, 600});
+    const auto fling = [&] {
+        list.setContentSize({375, 9000});
+        list.setContentOffset({});
+        const unsigned long end = drag({100, 500}, {0, -20}, 15);
+        mouse(QEvent::MouseButtonRelease, {100, 200}, end + 5);
+        runUntil([&] { return list.contentOffset().y > 310; });
+    };
+    fling();
+    list.setContentOffset({0, 40});
+    atRest();
+    EXPECT_EQ(list.contentOffset().y, 40);
+    fling();
+    const double offset = list.contentOffset().y;
+    list.setContentSize({375, 600 + offset + 10});
+    atRest();
+    EXPECT_EQ(list.contentOffset().y, offset);
+}
+
 TEST_F(Screen, views_lie_upon_each_other_in_the_order_of_the_tree) {
     UIView& below = add({50, 50, 100, 100}, kRed);
     UIView& above = add({50, 50, 100, 100}, kGreen);

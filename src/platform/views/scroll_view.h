@@ -25,6 +25,9 @@ public:
     void setContentOffset(CGPoint offset);
     void setContentOffset_animated(CGPoint offset, bool animated);
 
+    /// The furthest at which the content comes to rest.
+    CGPoint lastOffset() const;
+
     bool isPagingEnabled() const { return pagingEnabled_; }
     void setPagingEnabled(bool enabled) { change(pagingEnabled_, enabled); }
     bool isScrollEnabled() const { return scrollEnabled_; }
@@ -45,7 +48,6 @@ protected:
     virtual void didScroll() {}
 
 private:
-    CGPoint lastOffset() const;
     void comeToRest(CGPoint formerLast);
 
     CGSize contentSize_;
