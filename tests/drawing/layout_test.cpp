@@ -120,11 +120,18 @@ private:
         const auto* label = dynamic_cast<const UILabel*>(seen.view);
         const int most = label ? label->numberOfLines() : 1;
         const double scale = label ? label->minimumScaleFactor() : 1;
-        const TextLayout layout(text, font, {box.width, most == 1 ? 1 : 0, scale, false});
-        const auto lines = static_cast<int>(layout.lines().size());
-        const double size = layout.fontSize();
-        const double width = layout.size().width;
-        const double height = (lines - 1) * layout.lineHeight() + size;
+        const TextLayout shown(text, font, {box.width, most, scale, true, box.height});
+        const auto heightOf = [](const TextLayout& layout) {
+            return (static_cast<double>(layout.lines().size()) - 1) * layout.lineHeight() +
+                   layout.fontSize();
+        };
+        UIFont shrunk = font;
+        shrunk.size = static_cast<float>(shown.fontSize());
+        const TextLayout whole(text, shrunk, {box.width, most == 1 ? 1 : 0, 1, false});
+        const auto lines = static_cast<int>(whole.lines().size());
+        const double size = shown.fontSize();
+        const double width = whole.size().width;
+        const double height = heightOf(whole);
         const bool fits = width <= box.width + kRounding && height <= box.height + kRounding &&
                           (most == 0 || lines <= most);
         const bool isName = !name_.empty() && text.find(name_) != std::string::npos;
@@ -132,7 +139,8 @@ private:
         EXPECT_TRUE(fits || (isName && endsReadably))
             << seen << " needs " << width << ' ' << height;
         if (seen.isControl) return seen.place;
-        const CGSize ink{std::min(width, box.width), std::min(height, box.height)};
+        const CGSize ink{std::min(shown.size().width, box.width),
+                         std::min(heightOf(shown), box.height)};
         const double side = static_cast<double>(label->textAlignment()) / 2;
         const CGPoint rest{box.width - ink.width, box.height - ink.height};
         return {box.x + rest.x * side, box.y + rest.y / 2, ink.width, ink.height};
