@@ -61,6 +61,22 @@ TEST(Application, what_rings_unseen_reaches_the_host_once_and_together_after_a_p
                                                "off;off too;"}));
 }
 
+TEST(Application, what_rang_while_no_host_listened_is_told_to_the_first_that_does) {
+    Phone phone;
+    phone.launch();
+    schedule("off", 10);
+    phone.restart();
+    phone.advance(20);
+    phone.launch();
+    int told = 0;
+    for (int twice = 0; twice < 2; ++twice) {
+        phone.restart();
+        application().setRingHandler([&](const auto&) { ++told; });
+        phone.launch();
+    }
+    EXPECT_EQ(told, 1);
+}
+
 TEST(Application, a_tap_opens_what_still_stands_among_what_rang_and_takes_it_out) {
     Phone phone;
     phone.launch();
@@ -95,12 +111,16 @@ struct Idle final : UIApplicationDelegate {
     void applicationWillEnterForeground() override {}
     void applicationDidBecomeActive() override {}
     void applicationWillTerminate() override {}
-    void application_didReceiveLocalNotification(const UILocalNotification&) override { ++taps; }
+    void application_didReceiveLocalNotification(const UILocalNotification&) override {
+        ++taps;
+        lying = application().rungLocalNotifications().size();
+    }
     bool application_openURL_options(const std::string&,
                                      const UIApplicationOpenURLOptions&) override {
         return true;
     }
     int taps = 0;
+    std::size_t lying = 0;  // at the last tap
 };
 
 TEST(Application, what_is_tapped_no_longer_lies_there_whatever_the_application_does_with_it) {
@@ -113,6 +133,7 @@ TEST(Application, what_is_tapped_no_longer_lies_there_whatever_the_application_d
     for (const std::size_t left : {1U, 0U}) {
         application().openRung({note});
         EXPECT_EQ(application().rungLocalNotifications().size(), left);
+        EXPECT_EQ(idle.lying, left) << "not even while it is told";
     }
     application().openRung({note});
     EXPECT_EQ(idle.taps, 2);

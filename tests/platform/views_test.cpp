@@ -160,6 +160,16 @@ TEST_F(Views, a_field_asks_before_it_changes_and_the_keyboard_follows_the_focus)
     EXPECT_EQ(keyboard, "+-");
     EXPECT_EQ(window.firstResponder(), nullptr);
     EXPECT_FALSE(second->becomeFirstResponder()) << "not on the screen";
+    const auto alert = std::make_shared<UIWindow>();
+    EXPECT_TRUE(alert->add<UITextField>().becomeFirstResponder());
+    EXPECT_EQ(keyboard, "+-") << "that of an alert moves nothing here";
+    first.setEnabled(false);
+    EXPECT_FALSE(first.becomeFirstResponder());
+    first.setEnabled(true);
+    first.becomeFirstResponder();
+    window.removeAllSubviews();
+    EXPECT_EQ(keyboard, "+-+-");
+    EXPECT_EQ(window.firstResponder(), nullptr);
 }
 
 TEST_F(Views, a_drag_comes_to_rest_within_the_content_and_at_a_page) {
@@ -193,6 +203,9 @@ TEST_F(Views, an_offset_gives_way_to_limits_that_come_nearer_and_to_nothing_else
     EXPECT_EQ(offset(), (CGPoint{600, -20})) << "as it was set";
     scroll.setContentSize({20, 300});
     EXPECT_EQ(offset(), (CGPoint{0, -20}));
+    scroll.setContentOffset({0, 900});
+    scroll.setContentSize({30, 300});
+    EXPECT_EQ(offset(), (CGPoint{0, 900}));
 }
 
 class Numbers final : public UITableViewDataSource, public UITableViewDelegate {

@@ -279,6 +279,10 @@ TEST_F(LessonEditor, the_panel_follows_the_keyboard_and_leaves_on_every_exit) {
     post(GX_NOTI_CLOSE_ALL_SUBVIEWS);
     phone.advance(1);
     EXPECT_EQ(y(), 667);
+    auto& other = UIWindow::keyWindow().add<UITextField>(CGRect{0, 0, 100, 30});
+    other.becomeFirstResponder();
+    other.resignFirstResponder();
+    EXPECT_EQ(y(), 667) << "the keyboard of others brings it not back";
     EXPECT_EQ(manager().appState(), AppState::normal);
     EXPECT_FALSE(part<GXBottomMenu>("bottomMenu").isLocked());
     EXPECT_EQ(part<UILabel>("lblTitle").text(), "");

@@ -66,6 +66,10 @@ TEST_F(MainScreen, the_bubble_stands_for_a_while_and_gives_back_what_it_hid) {
         phone.advance(0.1);
         EXPECT_TRUE(isSeen("dateView") && isSeen("btnCancel")) << held;
     }
+    UIWindow::keyWindow().touchDown(part("period_0_0").visibleRect().center());
+    UIWindow::keyWindow().touchCancel();
+    phone.advance(1.6);
+    EXPECT_TRUE(isSeen("dateView")) << "after a touch that was taken away too";
 }
 
 TEST_F(MainScreen, a_button_of_the_menu_is_dim_only_while_it_is_held) {
@@ -204,7 +208,10 @@ TEST_F(MainScreen, colours_change_nothing_before_they_are_confirmed) {
     tap(part("subjectColor_16"));
     tap(part("fontColor_1"));
     EXPECT_TRUE(marked("subjectColor_16") && !marked("subjectColor_3") && marked("fontColor_1"));
-    tap(part("btnCancel", part("GXColorSelector")));
+    const UIView& confirms = part("btnOK", part("GXColorSelector"));
+    UIWindow::keyWindow().touchDown(confirms.visibleRect().center());
+    part<UIButton>("btnCancel", part("GXColorSelector")).sendActions(UIControlEvent::touchUpInside);
+    UIWindow::keyWindow().touchUp(confirms.frameInWindow().center());
     phone.advance(0.1);
     EXPECT_EQ(find("GXColorSelector"), nullptr);
     EXPECT_EQ(cell(1, 0).backgroundColor(), before);

@@ -134,6 +134,11 @@ TEST_F(Pallet, a_load_pages_whatever_was_open_over_the_former_grid) {
     show(5, 2, false);
     post(GX_NOTI_CLOSE_ALL_SUBVIEWS);
     EXPECT_TRUE(main().isPagingEnabled());
+    phone.timetable().lastPeriod = 20;
+    redraw();
+    sub().dragTo({0, 100});
+    redraw();
+    EXPECT_EQ(sub().contentOffset(), CGPoint{}) << "and begins at the top";
 }
 
 TEST_F(Pallet, days_are_named_in_the_bold_face_of_the_language_or_numbered) {

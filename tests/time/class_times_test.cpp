@@ -76,6 +76,8 @@ TEST(ScheduleDate, is_told_in_the_language_of_the_phone) {
             item.repeat = repeat;
             EXPECT_EQ(phone.manager().stringForScheduleDate(item), text) << repeat;
         }
+        item.repeat = 106;
+        EXPECT_NE(phone.manager().stringForScheduleDate(item), dated) << "every Saturday";
     }
 }
 
