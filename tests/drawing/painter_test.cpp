@@ -8,6 +8,7 @@
 #include "hosts/drawing/qt_text_measure.h"
 #include "platform/views/button.h"
 #include "platform/views/scroll_view.h"
+#include "platform/views/text_input.h"
 #include "platform/views/window.h"
 #include "support/child_process.h"
 #include "support/phone.h"
@@ -74,6 +75,9 @@ TEST_F(Painter, views_cover_their_frames_at_every_scale) {
         EXPECT_EQ(placeOf(painted(1), color), place);
         EXPECT_EQ(placeOf(painted(2), color), QRect(place.topLeft() * 2, place.size() * 2));
     }
+    add({0, 50.2, 30, 0.2}, {0, 1, 1, 1});
+    for (const int scale : {1, 2})
+        EXPECT_EQ(placeOf(painted(scale), Qt::cyan).size(), QSize(30 * scale, 1)) << "a thin line";
     for (const double scale : {0.7, 1.5, 2.6}) {
         const QImage row = painted(scale).copy(QRectF(101 * scale, 2, 58 * scale, 9).toRect());
         EXPECT_TRUE(placeOf(row, Qt::black, true).isEmpty()) << "a seam between neighbours";
@@ -84,6 +88,8 @@ TEST_F(Painter, a_view_clips_when_told_and_fades_with_all_upon_it_as_one) {
     UIView& parent = add({10, 10, 20, 20}, kGreen);
     add({-5, 5, 60, 60}, kRed, &parent);
     parent.setAlpha(0.5);
+    add({200, 10, 20, 20}, kGreen);
+    EXPECT_EQ(placeOf(painted(1), Qt::green), QRect(200, 10, 20, 20)) << "faded as its neighbour";
     const QColor pink = painted(1).pixelColor(50, 50);
     EXPECT_NEAR(pink.green(), 127, 2);
     EXPECT_EQ(placeOf(painted(1), pink), QRect(5, 15, 60, 60));
@@ -178,6 +184,30 @@ TEST_F(Painter, a_text_keeps_to_its_place_by_ellipsis_or_shrinking) {
     write(text, frame).setMinimumScaleFactor(0.2);
     EXPECT_NEAR(inkOf(painted()).width(), 195, 5);
     EXPECT_LT(inkOf(painted()).height(), 20);
+}
+
+TEST_F(Painter, inputs_write_in_the_middle_or_from_the_top_and_hide_what_is_secret) {
+    const CGRect frame{20, 20, 200, 100};
+    auto& field = add<UITextField>(frame);
+    field.setText("가a🎒");
+    EXPECT_NEAR(inkOf(painted()).center().y(), 140, 6);
+    field.setSecureTextEntry(true);
+    const QImage hidden = painted();
+    field.setSecureTextEntry(false);
+    field.setText("•••");
+    EXPECT_EQ(painted(), hidden);
+    field.removeFromSuperview();
+    add<UITextView>(frame).setText("HHH");
+    EXPECT_NEAR(inkOf(painted()).top(), 64, 6);
+}
+
+TEST_F(Painter, the_same_text_in_another_face_looks_as_it_would_alone) {
+    ViewPainter kept(directory.path());
+    UILabel& label = write("Maths", {20, 20, 60, 24});
+    for (const UIFont& font : {UIFont{"", 15}, {"", 15, true}, {"", 16}, {"NanumGothic", 15}}) {
+        label.setFont(font);
+        EXPECT_EQ(kept.paint(*sheet, 2), painted()) << font.family << font.size << font.bold;
+    }
 }
 
 TEST_F(Painter, a_text_of_several_lines_shrinks_so_that_its_words_stay_whole) {

@@ -102,6 +102,11 @@ TEST_F(DriverAlerts, keep_what_is_typed_for_their_answer) {
         {R"({"cmd":"answer","button":"Add","texts":["a\nb"]})", R"("ok":true)"},
     });
     EXPECT_EQ(answered, "1a b,line break s");
+    for (const char* message : {"below", "above"})
+        UIAlert::notice("", message, "OK").show();
+    expect({{R"({"cmd":"alert"})", R"("message":"above","title":""},"ok":true,"stack":[)"},
+            {R"({"cmd":"answer","button":0})", R"("ok":true)"},
+            {R"({"cmd":"answer","button":0})", R"("ok":true)"}});
     UIAlert().show();
     expect({{R"({"cmd":"alert"})", R"("busy":true,"buttons":[],"cancel":null,"destructive":null)"},
             {R"({"cmd":"type","text":"x"})", "no such field"}});

@@ -5,6 +5,8 @@
 
 #include "hosts/headless/driver.h"
 #include "platform/foundation/string_format.h"
+#include "platform/services/application.h"
+#include "platform/services/local_notification.h"
 #include "platform/views/button.h"
 #include "platform/views/slider.h"
 #include "platform/views/table_view.h"
@@ -40,7 +42,11 @@ public:
         mark->addAction(UIControlEvent::touchUpInside,
                         [this, path] { told += "mark " + nameOf(path) + "|"; });
         cell->contentView().addSubview(name);
+        auto faded = std::make_shared<UILabel>(CGRect{150, 0, 40, 40});
+        faded->setText("faded");
+        faded->setAlpha(0);
         cell->contentView().addSubview(mark);
+        cell->contentView().addSubview(faded);
         return cell;
     }
     bool canEditRow(UITableView&, NSIndexPath path) override { return path.row != 0; }
@@ -223,6 +229,40 @@ TEST_F(Commands, controls_move_as_under_a_finger) {
         {scroll(130, -20), R"("contentOffset":[130.0,0.0])", ""},
     });
     EXPECT_EQ(pages->contentOffset(), (CGPoint{130, 0}));
+}
+
+TEST_F(Commands, an_alarm_is_delivered_once_or_again_each_week) {
+    UIApplication& application = UIApplication::sharedApplication();
+    for (const auto& [body, repeat] :
+         {std::pair{"once", NSInteger{0}}, {"weekly", kRepeatWeekly}}) {
+        UILocalNotification note;
+        note.alertBody = body;
+        note.repeatInterval = repeat;
+        note.fireDate = NSDate::date().dateByAddingTimeInterval(repeat == 0 ? 60 : 61);
+        application.scheduleLocalNotification(note);
+    }
+    const auto standing = [&] {
+        std::string bodies;
+        for (const auto& note : application.scheduledLocalNotifications())
+            bodies += note.alertBody + " ";
+        for (const auto& note : application.rungLocalNotifications())
+            bodies += "rung " + note.alertBody;
+        return bodies;
+    };
+    play({{R"({"cmd":"deliver","index":1})", "true", ""},
+          {R"({"cmd":"alert"})", R"("message":"weekly")", ""},
+          {R"({"cmd":"answer","button":0})", "true", ""}});
+    EXPECT_EQ(standing(), "once weekly ");
+    play({{R"({"cmd":"deliver","index":0})", "true", ""},
+          {R"({"cmd":"answer","button":0})", "true", ""},
+          {R"({"cmd":"background"})", "true", ""},
+          {R"({"cmd":"advance","seconds":90})", "true", ""}});
+    EXPECT_EQ(standing(), "weekly rung weekly");
+    play({{R"({"cmd":"deliver","rung":1})", "no such notification", ""},
+          {R"({"cmd":"deliver","rung":0})", "true", ""},
+          {R"({"cmd":"alert"})", R"("alert":null)", ""}});
+    EXPECT_EQ(standing(), "weekly ");
+    EXPECT_EQ(application.applicationState(), UIApplicationState::active);
 }
 
 TEST_F(Commands, views_are_found_by_all_that_is_asked) {
