@@ -270,21 +270,6 @@ TEST_F(LessonEditor, on_a_low_screen_everything_stays_within_reach) {
     EXPECT_EQ(find("GXColorSelector"), nullptr);
 }
 
-TEST_F(LessonEditor, the_panel_follows_the_keyboard_and_leaves_on_every_exit) {
-    const auto y = [] { return part("addLessonView").frame().y; };
-    openAdd();
-    EXPECT_EQ(y(), 667 - 55 - 120);
-    tap(part("tfName"));
-    EXPECT_EQ(y(), 667 - 216 - 120);
-    post(GX_NOTI_CLOSE_ALL_SUBVIEWS);
-    phone.advance(1);
-    EXPECT_EQ(y(), 667);
-    EXPECT_EQ(manager().appState(), AppState::normal);
-    EXPECT_FALSE(part<GXBottomMenu>("bottomMenu").isLocked());
-    EXPECT_EQ(part<UILabel>("lblTitle").text(), "");
-    EXPECT_EQ(UIWindow::keyWindow().firstResponder(), nullptr);
-}
-
 }  // namespace
 
 }  // namespace gexlo::test
