@@ -46,17 +46,6 @@ TEST_F(Dates, a_change_of_the_clock_moves_no_day_and_no_time_of_day) {
     }
 }
 
-TEST_F(Dates, days_are_counted_over_months_and_years) {
-    const NSDate sunday = at("2026-03-01T23:59:59");
-    for (int day = 0; day < 7; ++day) {
-        const NSDate date = calendar.dateByAddingDays(sunday, day);
-        EXPECT_EQ(calendar.componentsFromDate(date).weekday, 1 + day);
-    }
-    EXPECT_EQ(localTime(calendar.dateByAddingDays(sunday, -1)), "2026-02-28T23:59:59");
-    EXPECT_EQ(localTime(calendar.dateByAddingDays(sunday, 306)), "2027-01-01T23:59:59");
-    EXPECT_EQ(localTime(calendar.dateByAddingDays(sunday, 730)), "2028-02-29T23:59:59");
-}
-
 TEST_F(Dates, what_is_no_local_time_is_refused) {
     EXPECT_TRUE(dateFromLocalTime("2028-02-29T23:59:59", calendar));
     for (const std::string_view text :

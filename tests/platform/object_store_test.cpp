@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 #include <map>
 #include <random>
@@ -7,6 +6,7 @@
 
 #include "platform/persistence/managed_object_context.h"
 #include "store/entities.h"
+#include "support/exchange_file.h"
 #include "support/phone.h"
 
 namespace gexlo::test {
@@ -31,13 +31,6 @@ std::vector<T*> all(NSManagedObjectContext& context, NSFetchRequest request = {}
 void save(NSManagedObjectContext& context) {
     const auto error = context.save();
     EXPECT_FALSE(error) << error->description() << error->userInfoDescription();
-}
-
-void runSql(const std::filesystem::path& file, const std::string& sql) {
-    sqlite3* database = nullptr;
-    sqlite3_open(file.c_str(), &database);
-    EXPECT_EQ(execute(database, sql), SQLITE_OK) << sqlite3_errmsg(database);
-    sqlite3_close(database);
 }
 
 /// A store file with a context on it.
@@ -239,7 +232,7 @@ TEST_F(ObjectStore, no_removal_leaves_a_row_that_refers_to_nothing) {
     addSubject("Art");
     addSubject("Music");
     save(context());
-    runSql(file, "UPDATE Professor SET lesson=(SELECT max(rowKey) FROM Lesson)");
+    change(file, "UPDATE Professor SET lesson=(SELECT max(rowKey) FROM Lesson)");
     reopen();
     context().deleteObject(*all<GXLessonData>(context()).back());
     saveAndReopen();
@@ -276,13 +269,12 @@ TEST_F(ObjectStore, a_move_brings_all_rows_beside_those_of_the_other_file) {
 TEST_F(ObjectStore, a_move_that_fails_leaves_both_files_and_no_store) {
     addSubject("Maths");
     saveAndReopen();
-    runSql(target, "CREATE TABLE other (x)");
+    change(target, "CREATE TABLE other (x)");
     const std::string before = readFile(file) + readFile(target);
-    sqlite3* rival = nullptr;
-    sqlite3_open(target.c_str(), &rival);
-    EXPECT_EQ(execute(rival, "BEGIN IMMEDIATE"), SQLITE_OK);
+    Database rival = openDatabase(target);
+    EXPECT_EQ(execute(rival.get(), "BEGIN IMMEDIATE"), SQLITE_OK);
     Device::current().perform([&] { EXPECT_TRUE(migrate()); });
-    sqlite3_close(rival);
+    rival.reset();
     EXPECT_FALSE(store->coordinator.store());
     std::optional<NSError> error;
     EXPECT_TRUE(context().executeFetchRequest({"Lesson"}, error).empty() && error);
@@ -293,7 +285,7 @@ TEST_F(ObjectStore, a_file_of_an_earlier_model_opens_with_what_it_lacks_absent) 
     addSubject("Maths").homework.anyObject()->repeat = 7;
     save(context());
     store.reset();
-    runSql(file,
+    change(file,
            "ALTER TABLE Homework DROP COLUMN repeat; DROP TABLE Exam;"
            "ALTER TABLE Homework DROP COLUMN timetable");
     reopen();
@@ -313,7 +305,7 @@ TEST_F(ObjectStore, a_file_that_is_no_store_or_a_later_one_is_refused_unchanged)
     save(context());
     store.reset();
     const std::string whole = readFile(file);
-    runSql(file, "PRAGMA user_version=99");
+    change(file, "PRAGMA user_version=99");
     for (const std::string& contents :
          {readFile(file), whole.substr(0, 100), whole.substr(0, 16) + std::string(5000, '\0')}) {
         writeFile(file, contents);
@@ -336,22 +328,22 @@ TEST_F(ObjectStore, a_row_of_a_wrong_kind_is_refused_by_the_name_of_what_is_wron
         {"Homework", "lesson", "77"},       {"Professor", "lesson", "0"},
         {"Homework", "rowKey", "-4"},       {"Homework", "rowKey", "9223372036854775807"}};
     for (const auto& [entity, key, value] : cases) {
-        const std::string change = "UPDATE " + entity + " SET \"" + key + "\"=" + value;
+        const std::string damage = "UPDATE " + entity + " SET \"" + key + "\"=" + value;
         writeFile(file, whole);
-        runSql(file, change);
+        change(file, damage);
         const std::string damaged = readFile(file);
         reopen();
         std::optional<NSError> error;
         for (int again = 0; again < 2; ++again)
             EXPECT_TRUE(context().executeFetchRequest({"Lesson"}, error).empty());
-        ASSERT_TRUE(error) << change;
+        ASSERT_TRUE(error) << damage;
         EXPECT_EQ(error->userInfo["NSValidationErrorObject"],
                   entity + " " + (key == "rowKey" ? value : "1"));
-        EXPECT_EQ(error->userInfo["NSValidationErrorKey"], key) << change;
+        EXPECT_EQ(error->userInfo["NSValidationErrorKey"], key) << damage;
         add<GXHomeworkData>(context());
-        EXPECT_TRUE(context().save().has_value()) << change;
+        EXPECT_TRUE(context().save().has_value()) << damage;
         store.reset();
-        EXPECT_EQ(readFile(file), damaged) << change;
+        EXPECT_EQ(readFile(file), damaged) << damage;
     }
 }
 

@@ -252,21 +252,6 @@ TEST_F(Views, a_table_makes_only_the_rows_in_sight) {
     EXPECT_FALSE(table.dragRow({0, 0}, {0, 1})) << "not while it is not edited";
 }
 
-TEST_F(Views, an_animation_is_over_when_its_time_has_passed) {
-    UIView& view = window.add<UIView>(CGRect{0, 0, 10, 10});
-    view.changesWereRead();
-    bool over = false;
-    UIView::animateWithDuration(
-        0.4, [&] { view.setAlpha(0); }, [&] { over = true; });
-    EXPECT_EQ(view.alpha(), 0);
-    EXPECT_TRUE(view.hasChanged() && window.hasChangedBelow());
-    EXPECT_NEAR(view.animationDuration(), 0.4, 1e-6);
-    phone.advance(0.39);
-    EXPECT_FALSE(over);
-    phone.advance(0.02);
-    EXPECT_TRUE(over);
-}
-
 TEST_F(Views, a_change_is_marked_up_to_the_window_wherever_a_host_has_stopped_reading) {
     UIView& panel = window.add<UIView>(CGRect{0, 0, 10, 10});
     UIView& button = panel.add<UIView>().add<UIView>();

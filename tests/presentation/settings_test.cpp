@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "support/phone.h"
 #include "time/periods_controller.h"
 
@@ -15,58 +17,37 @@ TEST(Settings, the_copy_is_taken_whole) {
     phone.launch();
     GXTimetableData& timetable = phone.manager().addNewTimetable();
     GXSettingsManager& settings = GXSettingsManager::manager();
-    using T = GXTimetableData;
-    using S = GXSettingsManager;
-    // No two alike, so that none is taken for another.
-    const std::pair<Attribute<NSInteger> T::*, NSInteger (S::*)() const> numbers[] = {
-        {&T::index, &S::timetableNo},        {&T::firstDay, &S::firstDay},
-        {&T::lastDay, &S::lastDay},          {&T::firstPeriod, &S::firstPeriod},
-        {&T::lastPeriod, &S::lastPeriod},    {&T::numWeeks, &S::numWeeks},
-        {&T::textSize, &S::subjectTextSize},
+    const auto told = [&] {
+        const GXSettingsManager& s = settings;
+        return std::vector<Object>{
+            s.timetableNo(),       s.firstDay(),         s.lastDay(),
+            s.firstPeriod(),       s.lastPeriod(),       s.numWeeks(),
+            s.subjectTextSize(),   s.timetableName(),    s.colorBorder(),
+            s.colorTableBack(),    s.colorDaysBack(),    s.colorDaysFont(),
+            s.colorPeriodsBack(),  s.colorPeriodsFont(), s.backgroundImageName(),
+            s.alphaBorder(),       s.alphaTableBack(),   s.alphaDaysBack(),
+            s.alphaPeriodsBack(),  s.useHalfPeriods(),   s.daysToNumbers(),
+            s.useSameClasshours(), s.daysOnLeft(),       s.showClasshours()};
     };
-    const std::pair<Attribute<std::string> T::*, const std::string& (S::*)() const> texts[] = {
-        {&T::name, &S::timetableName},
-        {&T::colorBorder, &S::colorBorder},
-        {&T::colorTableBack, &S::colorTableBack},
-        {&T::colorDaysBack, &S::colorDaysBack},
-        {&T::colorDaysFont, &S::colorDaysFont},
-        {&T::colorPeriodsBack, &S::colorPeriodsBack},
-        {&T::colorPeriodsFont, &S::colorPeriodsFont},
-        {&T::backgroundImage, &S::backgroundImageName},
-    };
-    const std::pair<Attribute<float> T::*, float (S::*)() const> alphas[] = {
-        {&T::alphaBorder, &S::alphaBorder},
-        {&T::alphaTableBack, &S::alphaTableBack},
-        {&T::alphaDaysBack, &S::alphaDaysBack},
-        {&T::alphaPeriodsBack, &S::alphaPeriodsBack},
-    };
-    const std::pair<Attribute<bool> T::*, bool (S::*)() const> flags[] = {
-        {&T::useHalfPeriods, &S::useHalfPeriods},       {&T::daysToNumbers, &S::daysToNumbers},
-        {&T::useSameClasshours, &S::useSameClasshours}, {&T::daysOnLeft, &S::daysOnLeft},
-        {&T::showClasstimes, &S::showClasshours},
-    };
-    NSInteger next = 1;
-    for (const auto& [attribute, read] : numbers)
-        timetable.*attribute = next++;
-    for (const auto& [attribute, read] : texts)
-        timetable.*attribute = std::to_string(next++);
-    for (const auto& [attribute, read] : alphas)
-        timetable.*attribute = static_cast<float>(next++);
-    for (const auto& [on, readOn] : flags) {
-        for (const auto& [attribute, read] : flags)
-            timetable.*attribute = attribute == on;
+    std::istringstream keys(
+        "index firstDay lastDay firstPeriod lastPeriod numWeeks textSize name colorBorder "
+        "colorTableBack colorDaysBack colorDaysFont colorPeriodsBack colorPeriodsFont "
+        "backgroundImage alphaBorder alphaTableBack alphaDaysBack alphaPeriodsBack useHalfPeriods "
+        "daysToNumbers useSameClasshours daysOnLeft showClasstimes");
+    settings.setData(timetable);
+    auto expected = told();
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        const NSInteger number = static_cast<NSInteger>(i) + 20;  // no two alike
+        if (i < 7) expected[i] = number;
+        if (i >= 7 && i < 15) expected[i] = std::to_string(number);
+        if (i >= 15 && i < 19) expected[i] = static_cast<float>(number);
+        if (i >= 19) expected[i] = !expected[i].boolValue();
+        std::string key;
+        keys >> key;
+        timetable.setValue_forKey(expected[i], key);
         settings.setData(timetable);
-        for (const auto& [attribute, read] : flags)
-            EXPECT_EQ((settings.*read)(), attribute == on);
+        EXPECT_EQ(told(), expected) << key;
     }
-    next = 1;
-    for (const auto& [attribute, read] : numbers)
-        EXPECT_EQ((settings.*read)(), next++);
-    for (const auto& [attribute, read] : texts)
-        EXPECT_EQ((settings.*read)(), std::to_string(next++));
-    for (const auto& [attribute, read] : alphas)
-        EXPECT_EQ((settings.*read)(), static_cast<float>(next++));
-    EXPECT_EQ(settings.themeType(), 0);
     timetable.textSize.clear();
     settings.setData(timetable);
     EXPECT_EQ(settings.subjectTextSize(), 0);

@@ -2,13 +2,13 @@
 // is as it was.
 #include <gtest/gtest.h>
 #include <signal.h>
-#include <sqlite3.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
 #include <random>
 
 #include "support/child_process.h"
+#include "support/exchange_file.h"
 #include "support/phone.h"
 
 namespace gexlo::test {
@@ -48,9 +48,8 @@ protected:
 
     /// The file as it would be found, without what a former run kept beside it.
     void putStore(const std::string& file) {
-        for (const char* suffix : {"-wal", "-shm"}) {
+        for (const char* suffix : {"-wal", "-shm"})
             std::filesystem::remove(phone.storeFile().string() + suffix);
-        }
         writeFile(phone.storeFile(), file);
     }
 
@@ -75,8 +74,7 @@ protected:
 };
 
 TEST_F(DamagedStore, cut_short_it_is_refused) {
-    std::vector<std::size_t> lengths{
-        1, 15, 99, 100, 511, 512, kPage - 1, kPage + 1, sound.size() - 1};
+    std::vector<std::size_t> lengths{1, 99, 100, 512, kPage - 1, kPage + 1, sound.size() - 1};
     for (std::size_t pages = 1; pages * kPage < sound.size(); pages += 3)
         lengths.push_back(pages * kPage);
     for (const std::size_t length : lengths) {
@@ -113,9 +111,8 @@ TEST_F(DamagedStore, overwritten_with_noise_it_is_refused_or_has_lost_nothing) {
 
 TEST_F(DamagedStore, read_only_it_is_refused) {
     using std::filesystem::perms;
-    for (const char* writable : {".", "Documents", "Preferences", "tmp"}) {
+    for (const char* writable : {".", "Documents", "Preferences", "tmp"})
         std::filesystem::permissions(phone.facts.root / writable, perms::all);
-    }
     std::filesystem::permissions(phone.storeFile(), perms::owner_read | perms::others_read);
     std::filesystem::permissions(phone.facts.root / "Group",
                                  perms::others_read | perms::others_exec);
@@ -131,10 +128,7 @@ TEST_F(DamagedStore, read_only_it_is_refused) {
 TEST_F(DamagedStore, one_in_the_documents_is_not_moved_onto_a_sound_one) {
     const auto documents = phone.facts.root / "Documents" / "Vetra.sqlite";
     std::filesystem::copy_file(phone.storeFile(), documents);
-    sqlite3* database = nullptr;
-    sqlite3_open(documents.c_str(), &database);
-    sqlite3_exec(database, "UPDATE TimetableInfo SET numWeeks='two'", nullptr, nullptr, nullptr);
-    sqlite3_close(database);
+    change(documents, "UPDATE TimetableInfo SET numWeeks='two'");
     const std::string damaged = readFile(documents);
     expectRefusal(launchInChild(), sound);
     EXPECT_EQ(readFile(documents), damaged);

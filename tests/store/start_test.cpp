@@ -40,20 +40,6 @@ TEST(Start, a_new_install_holds_one_fixed_timetable_and_its_counters) {
     EXPECT_FALSE(std::filesystem::exists(phone.facts.root / "Documents" / "Vetra.sqlite"));
 }
 
-TEST(Start, a_relaunch_finds_what_was_there_and_notes_no_version) {
-    Phone phone;
-    phone.launch();
-    phone.addSubject("Maths", {mon(1), tue(2)});
-    phone.relaunch();
-    EXPECT_EQ(phone.manager().versionInfo(), std::nullopt);
-    ASSERT_EQ(phone.timetable().lessons.count(), 1U);
-    const GXLessonData& lesson = *phone.timetable().lessons.anyObject();
-    EXPECT_EQ(lesson.name.get(), "Maths");
-    EXPECT_EQ(lesson.times.count(), 2U);
-    EXPECT_EQ(lesson.professor->lesson.get(), &lesson);
-    EXPECT_EQ(lesson.timetable.get(), &phone.timetable());
-}
-
 TEST(Start, an_upgrade_between_stored_versions_keeps_the_store_and_notes_both) {
     Phone phone;
     phone.facts.bundleVersion = "45";
