@@ -1,29 +1,17 @@
 // The items of the window, kept in step with a tree that changes, beside those built anew.
 #include "hosts/desktop/view_mirror.h"
 
-#include <gtest/gtest.h>
-
-#include <QCoreApplication>
-#include <QQmlEngine>
 #include <random>
 #include <sstream>
 
-#include "hosts/drawing/gui_application.h"
+#include "desktop/window_fixture.h"
 #include "platform/views/button.h"
 #include "platform/views/label.h"
 #include "platform/views/scroll_view.h"
 #include "platform/views/window.h"
-#include "support/phone.h"
 
 namespace gexlo::test {
 namespace {
-
-struct Toolkit {
-    Toolkit() {
-        qputenv("QT_QUICK_BACKEND", "software");
-        needGuiApplication();
-    }
-};
 
 class Mirror : public Toolkit, public ::testing::Test {
 protected:
@@ -38,16 +26,10 @@ protected:
 
     std::shared_ptr<UIView> newView() {
         const CGRect frame{place(500) - 60, place(900) - 60, place(300), place(200)};
-        switch (below(4)) {
-            case 0:
-                return std::make_shared<UILabel>(frame);
-            case 1:
-                return std::make_shared<UIButton>(frame);
-            case 2:
-                return std::make_shared<UIScrollView>(frame);
-            default:
-                return std::make_shared<UIView>(frame);
-        }
+        const std::shared_ptr<UIView> kinds[] = {
+            std::make_shared<UILabel>(frame), std::make_shared<UIButton>(frame),
+            std::make_shared<UIScrollView>(frame), std::make_shared<UIView>(frame)};
+        return kinds[below(4)];
     }
     UIView& anyView() {
         UIView* view = &window;
@@ -57,34 +39,18 @@ protected:
     }
     void change() {
         UIView& view = anyView();
-        const bool isTop = &view == &window;
-        switch (below(9)) {
-            case 0:
-                if (!isTop) view.removeFromSuperview();
-                break;
-            case 1:
-                if (!isTop) view.setHidden(!view.isHidden());
-                break;
-            case 2:
-                if (!isTop) view.setFrame(newView()->frame());
-                break;
-            case 3:
-                view.setClipsToBounds(!view.clipsToBounds());
-                break;
-            case 4:
-                if (!isTop) view.superview()->bringSubviewToFront(view);
-                break;
-            case 5:
-                if (auto* scroll = dynamic_cast<UIScrollView*>(&view))
-                    scroll->setContentOffset({place(400) - 200, place(400) - 200});
-                break;
-            case 6:
-                if (auto* label = dynamic_cast<UILabel*>(&view))
-                    label->setText(std::to_string(below(99)));
-                break;
-            default:
-                view.insertSubview_atIndex(newView(), below(view.subviews().size() + 1));
-        }
+        auto* scroll = dynamic_cast<UIScrollView*>(&view);
+        auto* label = dynamic_cast<UILabel*>(&view);
+        const std::size_t what = below(9);
+        if (what == 0) view.setClipsToBounds(!view.clipsToBounds());
+        if (what == 1 && scroll) scroll->setContentOffset({place(400) - 200, place(400) - 200});
+        if (what == 2 && label) label->setText(std::to_string(below(99)));
+        if (what > 6) view.insertSubview_atIndex(newView(), below(view.subviews().size() + 1));
+        if (&view == &window) return;
+        if (what == 3) view.setHidden(!view.isHidden());
+        if (what == 4) view.setFrame(newView()->frame());
+        if (what == 5) view.superview()->bringSubviewToFront(view);
+        if (what == 6) view.removeFromSuperview();
     }
     /// All items, each with those upon it from bottom to top.
     static void tell(const QQuickItem& item, std::ostream& out) {
@@ -140,8 +106,7 @@ TEST_F(Mirror, keeps_what_slides_out_of_sight_until_it_has_come_to_rest) {
         panel.setFrame(window.frame().offsetBy({0, 1000}));
     });
     EXPECT_EQ(count(), atRest + 2) << "what slides out, in, and by";
-    while (shown.mirror.isAnimating())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    runUntil([&] { return !shown.mirror.isAnimating(); });
     scroll.setContentOffset({0, 1901});
     EXPECT_EQ(count(), atRest - 2) << "without the panel and its label";
 }

@@ -3,25 +3,17 @@
 
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
 #include <QDBusConnectionInterface>
 #include <QDBusVirtualObject>
 #include <QProcess>
-#include <QTimer>
+
+#include "desktop/run_until.h"
 
 namespace gexlo::test {
 
 class DesktopServices : public testing::Test {
 protected:
     DesktopServices() { qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere"); }
-    /// Lets events come until one of them, or what happens elsewhere meanwhile, makes it true.
-    template <typename Condition>
-    static void runUntil(Condition isTrue) {
-        QTimer look;
-        look.start(10);
-        while (!isTrue())
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
 
     int count = 0;
     QCoreApplication application{count, nullptr};

@@ -1,18 +1,13 @@
 // The phone's screen in its window: what clicks, drags and keys reach, and what is drawn.
-#include <gtest/gtest.h>
-
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QQmlEngine>
-#include <QTest>
 
-#include "hosts/desktop/phone_window.h"
-#include "hosts/drawing/gui_application.h"
+#include "desktop/window_fixture.h"
 #include "platform/views/button.h"
 #include "platform/views/label.h"
 #include "platform/views/text_input.h"
 #include "platform/views/window.h"
-#include "support/phone.h"
+#include "support/pictures.h"
 
 namespace gexlo::test {
 namespace {
@@ -21,27 +16,13 @@ using Style = UIAlert::Button::Style;
 
 constexpr UIColor kRed{1, 0, 0, 1}, kGreen{0, 1, 0, 1}, kWhite{1, 1, 1, 1};
 
-struct Toolkit {
-    Toolkit() {
-        qputenv("QT_QUICK_BACKEND", "software");
-        needGuiApplication();
-    }
-};
-
-class Screen : public Toolkit, public ::testing::Test {
+class Screen : public InAWindow {
 protected:
     Screen() {
         UIWindow::keyWindow().setBackgroundColor(kWhite);
-        window.show();
-        window.requestActivate();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        showActive();
     }
 
-    template <typename Condition>
-    static void runUntil(Condition isTrue) {
-        while (!isTrue())
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
     void atRest() {
         window.screen().synchronize();
         runUntil([&] { return !window.screen().isAnimating(); });
@@ -78,15 +59,16 @@ protected:
         alert.fields.resize(fields);
         return alert;
     }
+    static UIAlert question(std::size_t fields = 0) {
+        return ask({{"Cancel", Style::cancel}, {"Add"}}, fields);
+    }
     static const UIAlert& alert() { return UIWindow::keyWindow().alerts().back(); }
-
-    void mouse(QEvent::Type type, CGPoint place, unsigned long time) {
-        const QPointF point(place.x, place.y);
-        QMouseEvent event(
-            type, point, point, type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
-            type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
-        event.setTimestamp(time);
-        QCoreApplication::sendEvent(&window, &event);
+    /// That is pushed up by 300 points and let go after as many milliseconds.
+    void fling(UIScrollView& list, unsigned long pause) {
+        list.setContentSize({375, 9000});
+        list.setContentOffset({});
+        const unsigned long end = drag({100, 500}, {0, -20}, 15);
+        mouse(QEvent::MouseButtonRelease, {100, 200}, end + pause);
     }
     /// A finger that moves by as much every 10 milliseconds; returns when it came to its end.
     unsigned long drag(CGPoint from, CGPoint step, int steps) {
@@ -121,12 +103,11 @@ protected:
         EXPECT_TRUE(item) << spoken;
         return item ? item->mapToScene(item->boundingRect().center()).toPoint() : QPoint();
     }
-    QColor colorAt(int x, int y) { return window.grabWindow().pixelColor(x, y); }
+    QColor colorAt(int x, int y) {
+        atRest();
+        return window.grabWindow().pixelColor(x, y);
+    }
 
-    Phone phone;
-    QQmlEngine engine;
-    ViewPainter painter{GEXLO_RESOURCES "/images"};
-    PhoneWindow window{engine, painter};
     std::string pressed;
 };
 
@@ -134,7 +115,7 @@ protected:
 
 TEST_F(Screen, every_drawn_button_of_an_alert_answers_its_own_index) {
     const std::vector<UIAlert> alerts{
-        ask({{"Cancel", Style::cancel}, {"Add"}}), ask({{"A"}, {"B"}, {"C"}}),
+        question(), ask({{"A"}, {"B"}, {"C"}}),
         ask({{"Cancel", Style::cancel}, {"Keep"}, {"Delete", Style::destructive}}, 0,
             UIAlert::Kind::sheet)};
     for (const UIAlert& asked : alerts) {
@@ -148,16 +129,11 @@ TEST_F(Screen, every_drawn_button_of_an_alert_answers_its_own_index) {
 }
 
 TEST_F(Screen, return_and_escape_answer_an_alert) {
-    struct Case {
-        UIAlert alert;
-        const char* onReturn;
-        const char* onEscape;
-    };
     constexpr auto kSheet = UIAlert::Kind::sheet;
-    const std::vector<Case> cases{
+    const std::vector<std::tuple<UIAlert, std::string, std::string>> cases{
         {ask({{"OK", Style::cancel}}), "0", "0"},
         {ask({{"OK"}}), "0", "0"},
-        {ask({{"Cancel", Style::cancel}, {"Add"}}), "1", "0"},
+        {question(), "1", "0"},
         {ask({{"A"}, {"B"}, {"Cancel", Style::cancel}}), "1", "2"},
         {ask({{"A"}, {"Delete", Style::destructive}}), "0", ""},
         {ask({{"Delete", Style::destructive}, {"Cancel", Style::cancel}}, 0, kSheet), "1", "1"},
@@ -168,17 +144,17 @@ TEST_F(Screen, return_and_escape_answer_an_alert) {
     addButton("under", {20, 20, 100, 40});
     atRest();
     key(Qt::Key_Tab);
-    for (const Case& asked : cases) {
+    for (const auto& [asked, onReturn, onEscape] : cases) {
         for (const auto& [code, answer] :
-             {std::pair{Qt::Key_Return, asked.onReturn}, {Qt::Key_Escape, asked.onEscape}}) {
-            show(asked.alert);
+             {std::pair{Qt::Key_Return, onReturn}, {Qt::Key_Escape, onEscape}}) {
+            show(asked);
             key(code);
-            EXPECT_EQ(std::exchange(pressed, ""), answer) << asked.alert.buttons.size();
-            if (!*answer) Device::current().perform([] { UIWindow::keyWindow().answer(0); });
+            EXPECT_EQ(std::exchange(pressed, ""), answer) << asked.buttons.size();
+            if (answer.empty()) Device::current().perform([] { UIWindow::keyWindow().answer(0); });
             pressed.clear();
             atRest();
         }
-        if (asked.alert.buttons.empty()) break;  // which nothing takes away
+        if (asked.buttons.empty()) break;  // which nothing takes away
     }
 }
 
@@ -187,14 +163,14 @@ TEST_F(Screen, an_alert_takes_the_keyboard_and_gives_it_back) {
     auto& opener = addButton("Ask", {20, 100, 100, 40});
     opener.addAction(UIControlEvent::touchUpInside, [&] {
         Device::current().mainQueue().async([&] {
-            show(ask({{"Cancel", Style::cancel}, {"Add"}}, 2));
+            show(question(2));
             pressed.clear();
         });
     });
     Device::current().perform([&] { field.becomeFirstResponder(); });
     atRest();
     write("a");
-    show(ask({{"Cancel", Style::cancel}, {"Add"}}, 2));
+    show(question(2));
     write("b");
     Device::current().perform([] { UIWindow::keyWindow().setAlertText(0, "driven "); });
     atRest();
@@ -203,12 +179,8 @@ TEST_F(Screen, an_alert_takes_the_keyboard_and_gives_it_back) {
     write("d");
     EXPECT_EQ(alert().fields[0].text + alert().fields[1].text, "driven cd");
     std::string round;
-    for (int i = 0; i < 4; ++i) {
-        key(Qt::Key_Tab);
-        round += focused() + ";";
-    }
-    for (int i = 0; i < 4; ++i) {
-        key(Qt::Key_Tab, Qt::ShiftModifier);
+    for (int i = 0; i < 8; ++i) {
+        key(Qt::Key_Tab, i < 4 ? Qt::NoModifier : Qt::ShiftModifier);
         round += focused() + ";";
     }
     EXPECT_EQ(round, "Cancel;Add;;;;Add;Cancel;;") << "two fields without a name, two buttons";
@@ -222,8 +194,7 @@ TEST_F(Screen, an_alert_takes_the_keyboard_and_gives_it_back) {
     EXPECT_EQ(UIWindow::keyWindow().alerts().size(), 1U);
     key(Qt::Key_Escape);
     EXPECT_EQ(focused(), "Ask");
-    UIAlert last = ask({{"Cancel", Style::cancel}});
-    show(last);
+    show(question());
     opener.removeFromSuperview();
     key(Qt::Key_Escape);
     write("f");
@@ -231,12 +202,12 @@ TEST_F(Screen, an_alert_takes_the_keyboard_and_gives_it_back) {
 }
 
 TEST_F(Screen, an_alert_ends_the_touch_or_drag_that_it_interrupts) {
-    show(ask({{"Cancel", Style::cancel}, {"Add"}}));
+    show(question());
     const QPoint add = middleOf("Add");
     const CGPoint place{static_cast<double>(add.x()), static_cast<double>(add.y())};
     key(Qt::Key_Escape);
     mouse(QEvent::MouseButtonPress, place, 1000);
-    show(ask({{"Cancel", Style::cancel}, {"Add"}}));
+    show(question());
     mouse(QEvent::MouseButtonRelease, place, 1100);
     EXPECT_EQ(UIWindow::keyWindow().alerts().size(), 1U);
     key(Qt::Key_Escape);
@@ -245,7 +216,7 @@ TEST_F(Screen, an_alert_ends_the_touch_or_drag_that_it_interrupts) {
     list.setContentSize({375, 3000});
     drag({100, 100}, {0, 20}, 20);
     EXPECT_LT(list.contentOffset().y, 0);
-    show(ask({{"Cancel", Style::cancel}, {"Add"}}));
+    show(question());
     EXPECT_EQ(list.contentOffset().y, 0);
     pressed.clear();
     mouse(QEvent::MouseMove, place, 9000);
@@ -255,7 +226,7 @@ TEST_F(Screen, an_alert_ends_the_touch_or_drag_that_it_interrupts) {
 }
 
 TEST_F(Screen, a_long_message_scrolls_by_finger_and_by_wheel) {
-    UIAlert asked = ask({{"Cancel", Style::cancel}, {"Add"}});
+    UIAlert asked = question();
     for (int i = 0; i < 400; ++i)
         asked.message += "word " + std::to_string(i) + " ";
     show(asked);
@@ -363,11 +334,8 @@ TEST_F(Screen, pasted_line_breaks_do_not_come_into_one_line) {
 
 TEST_F(Screen, a_list_glides_on_unless_the_finger_rested) {
     auto& list = add<UIScrollView>({0, 0, 375, 600});
-    list.setContentSize({375, 9000});
     for (const auto& [pause, glides] : {std::pair{5UL, true}, {400UL, false}}) {
-        list.setContentOffset({});
-        const unsigned long end = drag({100, 500}, {0, -20}, 15);
-        mouse(QEvent::MouseButtonRelease, {100, 200}, end + pause);
+        fling(list, pause);
         EXPECT_EQ(list.contentOffset().y, 300);
         atRest();
         EXPECT_EQ(list.contentOffset().y > 300, glides) << pause;
@@ -376,41 +344,84 @@ TEST_F(Screen, a_list_glides_on_unless_the_finger_rested) {
 
 TEST_F(Screen, a_glide_gives_way_to_what_the_program_does_meanwhile) {
     auto& list = add<UIScrollView>({0, 0, 375, 600});
-    const auto fling = [&] {
-        list.setContentSize({375, 9000});
-        list.setContentOffset({});
-        const unsigned long end = drag({100, 500}, {0, -20}, 15);
-        mouse(QEvent::MouseButtonRelease, {100, 200}, end + 5);
+    const auto glide = [&] {
+        fling(list, 5);
         runUntil([&] { return list.contentOffset().y > 310; });
     };
-    fling();
+    glide();
     list.setContentOffset({0, 40});
     atRest();
     EXPECT_EQ(list.contentOffset().y, 40);
-    fling();
+    glide();
     const double offset = list.contentOffset().y;
     list.setContentSize({375, 600 + offset + 10});
     atRest();
     EXPECT_EQ(list.contentOffset().y, offset);
 }
 
+TEST_F(Screen, content_gives_way_beyond_its_end_and_a_fling_turns_one_page) {
+    auto& list = add<UIScrollView>({0, 0, 375, 600});
+    list.setContentSize({375, 700});
+    list.setContentOffset({0, 100});
+    unsigned long end = drag({100, 500}, {0, -20}, 10);
+    EXPECT_EQ(list.contentOffset().y, 180) << "two points for five";
+    mouse(QEvent::MouseButtonRelease, {100, 300}, end);
+    atRest();
+    EXPECT_EQ(list.contentOffset().y, 100);
+
+    list.setContentSize({4 * 375, 600});
+    list.setPagingEnabled(true);
+    end = drag({360, 300}, {-20, 0}, 15);
+    mouse(QEvent::MouseButtonRelease, {60, 300}, end + 5);
+    atRest();
+    EXPECT_EQ(list.contentOffset(), (CGPoint{375, 0}));
+    list.setPagingEnabled(false);
+    QWheelEvent wheel({100, 300}, {100, 300}, {}, {0, -120}, Qt::NoButton, Qt::ShiftModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&window, &wheel);
+    EXPECT_EQ(list.contentOffset(), (CGPoint{423, 0})) << "sideways with the shift key";
+}
+
+TEST_F(Screen, two_quick_clicks_in_two_places_are_two) {
+    addButton("a", {20, 20, 60, 60});
+    addButton("b", {220, 320, 60, 60});
+    for (const auto& [place, time] : {std::pair{CGPoint{50, 50}, 5000UL}, {{250, 350}, 5090UL}}) {
+        mouse(QEvent::MouseButtonPress, place, time);
+        mouse(QEvent::MouseButtonRelease, place, time + 10);
+    }
+    EXPECT_EQ(pressed, "ab");
+}
+
+TEST_F(Screen, what_a_field_refuses_does_not_stay_in_sight) {
+    struct Digits final : UITextInputDelegate {
+        bool shouldChange(UITextInput&, std::size_t, std::size_t, std::string_view text) override {
+            return text != "x";
+        }
+    };
+    const auto digits = std::make_shared<Digits>();
+    auto& field = add<UITextField>({20, 20, 200, 40});
+    field.setDelegate(digits);
+    atRest();
+    QTest::mouseClick(&window, Qt::LeftButton, {}, {100, 40});
+    atRest();
+    write("1x2");
+    EXPECT_EQ(field.text(), "12");
+    EXPECT_EQ(window.activeFocusItem()->property("text").toString(), "12");
+}
+
 TEST_F(Screen, views_lie_upon_each_other_in_the_order_of_the_tree) {
     UIView& below = add({50, 50, 100, 100}, kRed);
     UIView& above = add({50, 50, 100, 100}, kGreen);
-    atRest();
     EXPECT_EQ(colorAt(100, 100), Qt::green);
     for (const bool hidden : {true, false}) {
         below.setHidden(hidden);
-        atRest();
         EXPECT_EQ(colorAt(100, 100), Qt::green) << "shown again, it is where it was";
     }
     UIWindow::keyWindow().bringSubviewToFront(below);
-    atRest();
     EXPECT_EQ(colorAt(100, 100), Qt::red);
     above.setHidden(true);
     atRest();
     above.setHidden(false);
-    atRest();
     EXPECT_EQ(colorAt(100, 100), Qt::red);
 }
 
@@ -421,16 +432,10 @@ TEST_F(Screen, a_larger_window_is_painted_anew_and_not_stretched) {
     window.resize(750, 1334);
     runUntil([&] { return window.screen().width() == 750; });
     atRest();
-    const QImage shown = window.grabWindow().convertToFormat(QImage::Format_RGB32);
-    const QImage painted =
-        painter.paintScreen(UIWindow::keyWindow(), 2).convertToFormat(QImage::Format_RGB32);
-    ASSERT_EQ(shown.size(), painted.size());
-    int differing = 0;
-    for (int y = 0; y < 140; ++y) {
-        for (int x = 0; x < shown.width(); ++x)
-            differing += std::abs(qGray(shown.pixel(x, y)) - qGray(painted.pixel(x, y))) > 40;
-    }
-    EXPECT_LT(differing, 20);
+    const QRect top(0, 0, 750, 140);
+    const QImage painted = painter.paintScreen(UIWindow::keyWindow(), 2);
+    ASSERT_EQ(window.grabWindow().size(), painted.size());
+    EXPECT_LT(differing(window.grabWindow().copy(top), painted.copy(top), 40), 20);
 }
 
 }  // namespace

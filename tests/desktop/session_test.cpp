@@ -1,17 +1,11 @@
 // A person's own run: what comes to it from outside, and the bar above the phone's screen.
-#include <gtest/gtest.h>
-
 #include <QDropEvent>
 #include <QMimeData>
-#include <QQmlEngine>
-#include <QTest>
-#include <thread>
 
+#include "desktop/window_fixture.h"
 #include "hosts/desktop/application_bar.h"
 #include "hosts/desktop/desktop_session.h"
-#include "hosts/desktop/phone_window.h"
 #include "hosts/desktop/services/opened_url.h"
-#include "hosts/drawing/gui_application.h"
 #include "platform/foundation/installation_lock.h"
 #include "platform/views/table_view.h"
 #include "support/child_process.h"
@@ -20,15 +14,7 @@
 namespace gexlo::test {
 namespace {
 
-struct Toolkit {
-    Toolkit() {
-        qputenv("QT_QUICK_BACKEND", "software");
-        qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
-        needGuiApplication();
-    }
-};
-
-class Session : public Toolkit, public ::testing::Test {
+class Session : public InAWindow {
 protected:
     Session() {
         std::filesystem::current_path(directory.path());
@@ -36,23 +22,12 @@ protected:
     }
     /// A turn would reach for a window that has gone.
     ~Session() override { UIApplication::sharedApplication().terminate(); }
-    template <typename Condition>
-    static void runUntil(Condition isTrue) {
-        while (!isTrue())
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
     /// A start of the program while this one runs, to its end.
     void startAgain(const std::string& argument) {
-        std::optional<ChildResult> result;
-        std::thread start([&] {
-            const ChildResult ended = runProgram(
-                {GEXLO_WINDOW, "--data", phone.facts.root.string(), argument}, std::string());
-            QMetaObject::invokeMethod(
-                qGuiApp, [&result, ended] { result = ended; }, Qt::QueuedConnection);
+        const ChildResult result = runBeside([&] {
+            return runProgram({GEXLO_WINDOW, "--data", phone.facts.root.string(), argument}, "");
         });
-        runUntil([&] { return result.has_value(); });
-        start.join();
-        EXPECT_EQ(result->code, 0) << argument << ": " << result->errors;
+        EXPECT_EQ(result.code, 0) << argument << ": " << result.errors;
     }
     static void answer(std::size_t button) {
         Device::current().perform([&] { UIWindow::keyWindow().answer(button); });
@@ -84,10 +59,6 @@ protected:
     }
 
     TemporaryDirectory directory;
-    Phone phone;
-    QQmlEngine engine;
-    ViewPainter painter{GEXLO_RESOURCES "/images"};
-    PhoneWindow window{engine, painter};
     InstallationLock lock{phone.facts.root};
     DesktopSession session{window, phone.facts.root};
     ApplicationBar bar{engine, window, [this](const std::string& url) { session.receive(url); }};
@@ -150,9 +121,7 @@ TEST_F(Session, is_in_the_background_while_nobody_can_see_its_window) {
 TEST_F(Session, shows_an_alarm_beside_its_alert_only_where_a_person_works_elsewhere) {
     const UIApplication& application = UIApplication::sharedApplication();
     EXPECT_TRUE(application.becomesAlert({}));
-    window.show();
-    window.requestActivate();
-    runUntil([&] { return window.isActive(); });
+    showActive();
     EXPECT_FALSE(application.becomesAlert({}));
 }
 
@@ -194,20 +163,18 @@ TEST_F(Session, names_a_file_so_that_every_file_system_takes_it) {
 }
 
 TEST_F(Session, the_bar_is_reached_by_keys_and_leaves_touches_to_the_phone) {
-    window.show();
-    window.requestActivate();
+    showActive();
     runUntil([&] { return window.contentItem()->childItems().size() > 1; });
-    QTest::keyClick(&window, Qt::Key_F10);
-    QTest::keyClick(&window, Qt::Key_Down);
-    QTest::keyClick(&window, Qt::Key_Return);
-    ASSERT_TRUE(dialog("Save timetable as file"));
-    QTest::keyClick(dialog("Save timetable as file"), Qt::Key_Escape);
-    EXPECT_FALSE(dialog("Save timetable as file"));
-    window.requestActivate();
-    QTest::keyClick(&window, Qt::Key_Alt);
-    QTest::keyClick(&window, Qt::Key_Return);
-    ASSERT_TRUE(dialog("Open timetable file"));
-    QTest::keyClick(dialog("Open timetable file"), Qt::Key_Escape);
+    const auto opens = [&](std::initializer_list<Qt::Key> keys, const char* title) {
+        for (const Qt::Key key : keys)
+            QTest::keyClick(&window, key);
+        ASSERT_TRUE(dialog(title)) << title;
+        QTest::keyClick(dialog(title), Qt::Key_Escape);
+        EXPECT_FALSE(dialog(title));
+        window.requestActivate();
+    };
+    opens({Qt::Key_F10, Qt::Key_Down, Qt::Key_Return}, "Save timetable as file");
+    opens({Qt::Key_Alt, Qt::Key_Return}, "Open timetable file");
 
     // With margins at its sides.
     window.resize(750, 2 * 667 / 3 + ApplicationBar::kHeight);
@@ -225,14 +192,9 @@ TEST_F(Session, the_second_click_of_two_does_not_reach_what_the_first_uncovered)
     GXAppDelegate::delegate().mainView()->setCurrentTimetableFromCoreData();
     window.show();
     const auto click = [&](CGPoint place, unsigned long time) {
-        const QPointF point(place.x, place.y + ApplicationBar::kHeight);
-        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-            QMouseEvent event(type, point, point, Qt::LeftButton,
-                              type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
-                              Qt::NoModifier);
-            event.setTimestamp(time);
-            QCoreApplication::sendEvent(&window, &event);
-        }
+        place.y += ApplicationBar::kHeight;
+        mouse(QEvent::MouseButtonPress, place, time);
+        mouse(QEvent::MouseButtonRelease, place, time);
     };
     const auto rowClickedAgainAfter = [&](unsigned long pause) {
         const unsigned long time = pause * 100;

@@ -1,174 +1,89 @@
 // The window as a person meets it: played by commands, and looked at.
-#include <gtest/gtest.h>
-
-#include <QImage>
-#include <nlohmann/json.hpp>
-#include <sstream>
-
-#include "support/child_process.h"
-#include "support/phone.h"
+#include "support/driven_program.h"
+#include "support/pictures.h"
 
 namespace gexlo::test {
 
 namespace {
 
-using nlohmann::json;
-
-class Window : public ::testing::Test {
+class Window : public DrivenProgram {
 protected:
-    std::vector<json> play(const std::vector<json>& commands, const std::string& data,
-                           const std::vector<std::string>& program) {
+    auto play(const std::string& program, const std::string& lines) {
+        data = program == GEXLO_WINDOW ? "window" : "headless";
         std::vector<std::string> command{"/usr/bin/env", "QT_QPA_PLATFORM=offscreen",
-                                         "QT_QUICK_BACKEND=software", "LC_ALL=C.UTF-8"};
-        command.insert(command.end(), program.begin(), program.end());
-        const std::vector<std::string> options{"--data",      (directory.path() / data).string(),
-                                               "--scale",     "1",
-                                               "--screen",    "375x667",
-                                               "--time-zone", "Asia/Seoul",
-                                               "--now",       "2026-03-02T08:00:00"};
-        command.insert(command.end(), options.begin(), options.end());
-        std::string lines;
-        for (const json& line : commands)
-            lines += line.dump() + "\n";
-        const ChildResult result = runProgram(command, lines);
+                                         "QT_QUICK_BACKEND=software", "LC_ALL=C.UTF-8", program};
+        if (program == GEXLO_WINDOW) command.emplace_back("--driver");
+        auto answers = DrivenProgram::play(
+            command, lines,
+            {"--scale", "1", "--screen", "375x667", "--now", "2026-03-02T08:00:00"});
         EXPECT_EQ(result.code, 0) << result.errors;
-        std::vector<json> answers;
-        std::istringstream out(result.output);
-        for (std::string line; std::getline(out, line);) {
-            answers.push_back(json::parse(line));
-            EXPECT_EQ(answers.back()["ok"], true) << line;
-        }
-        EXPECT_EQ(answers.size(), commands.size());
+        EXPECT_EQ(std::count(lines.begin(), lines.end(), '\n'),
+                  static_cast<std::ptrdiff_t>(answers.size()));
+        for (const auto& answer : answers)
+            EXPECT_EQ(answer["ok"], true) << answer;
         return answers;
     }
-    std::vector<json> playWindow(const std::vector<json>& commands) {
-        return play(commands, "window", {GEXLO_WINDOW, "--driver"});
-    }
-    std::vector<json> playHeadless(const std::vector<json>& commands) {
-        return play(commands, "headless", {GEXLO_HEADLESS});
-    }
     QImage picture(const std::string& name) const {
-        return QImage(QString::fromStdString(path(name))).convertToFormat(QImage::Format_RGB32);
+        const QImage image(QString::fromStdString(path(name)));
+        EXPECT_FALSE(image.isNull()) << name;
+        return image.convertToFormat(QImage::Format_RGB32);
     }
-    std::string path(const std::string& name) const { return (directory.path() / name).string(); }
-
-    TemporaryDirectory directory;
+    std::string shoot(const std::string& name) const {
+        return R"({"cmd":"screenshot","path":")" + path(name) + "\"}\n";
+    }
 };
 
-json tap(const char* id) {
-    return {{"cmd", "tap"}, {"id", id}};
-}
-json tapWithin(const char* panel, const char* id) {
-    return {{"cmd", "tap"}, {"id", id}, {"within", panel}};
-}
-json wait() {
-    return {{"cmd", "advance"}, {"seconds", 2}};
+const std::string kWait = "{\"cmd\":\"advance\",\"seconds\":2}\n";
+const std::string kLaunch = "{\"cmd\":\"launch\"}\n" + kWait;
+
+std::string tap(const std::string& id, const std::string& panel = "") {
+    const std::string within = panel.empty() ? "" : R"("within":")" + panel + "\",";
+    return "{" + within + R"("cmd":"tap","id":")" + id + "\"}\n" + kWait;
 }
 
-/// Adds a subject in two weeks' grid by touch alone.
-std::vector<json> addSubject() {
-    return {{{"cmd", "launch"}},
-            wait(),
-            tap("btnAdd"),
-            wait(),
-            tap("cell_0_1_0"),
-            tap("cell_0_1_1"),
-            tap("cell_0_3_4"),
-            tap("tfName"),
-            {{"cmd", "type"}, {"text", "수학 Maths"}},
-            {{"cmd", "return"}},
-            tap("btnRoom1"),
-            {{"cmd", "answer"}, {"button", 1}, {"texts", {"Room 7"}}},
-            tap("colorButtonDidPush"),
-            wait(),
-            tap("subjectColor_4"),
-            tap("fontColor_1"),
-            tapWithin("GXColorSelector", "btnOK"),
-            wait(),
-            tapWithin("titleView", "btnOK"),
-            wait()};
+/// Adds a subject by touch alone.
+std::string addSubject() {
+    return kLaunch + tap("btnAdd") + tap("cell_0_1_0") + tap("cell_0_1_1") + tap("cell_0_3_4") +
+           tap("tfName") + R"({"cmd":"type","text":"수학 Maths"}
+{"cmd":"return"}
+)" + tap("btnRoom1") +
+           R"({"cmd":"answer","button":1,"texts":["Room 7"]}
+)" + tap("colorButtonDidPush") +
+           tap("subjectColor_4") + tap("fontColor_1") + tap("btnOK", "GXColorSelector") +
+           tap("btnOK", "titleView");
 }
 
 double partThatDiffers(const QImage& left, const QImage& right) {
-    constexpr int kVisible = 64;
-    int differing = 0;
-    for (int y = 0; y < left.height(); ++y) {
-        for (int x = 0; x < left.width(); ++x) {
-            const QColor a = left.pixelColor(x, y);
-            const QColor b = right.pixelColor(x, y);
-            differing += std::abs(a.red() - b.red()) > kVisible ||
-                         std::abs(a.green() - b.green()) > kVisible ||
-                         std::abs(a.blue() - b.blue()) > kVisible;
-        }
-    }
-    return static_cast<double>(differing) / (left.width() * left.height());
-}
-
-/// Each view with an opaque colour of its own, where nothing lies over its corner.
-void checkColors(const json& view, const QImage& screen, int& checked) {
-    const bool isCell = view["class"] == "GXCellView";
-    if (isCell && view.contains("color")) {
-        const auto& frame = view["frame"];
-        const int x = frame[0].get<int>() + 2;
-        const int y = frame[1].get<int>() + 2;
-        const QColor drawn = screen.pixelColor(x, y);
-        EXPECT_NEAR(drawn.redF(), view["color"][0].get<double>(), 0.1) << view["id"];
-        EXPECT_NEAR(drawn.blueF(), view["color"][2].get<double>(), 0.1) << view["id"];
-        ++checked;
-    }
-    for (const json& child : view.value("children", json::array()))
-        checkColors(child, screen, checked);
+    return static_cast<double>(differing(left, right, 64)) / (left.width() * left.height());
 }
 
 TEST_F(Window, a_subject_added_by_touch_is_there_after_a_restart) {
-    auto commands = addSubject();
-    commands.push_back({{"cmd", "screenshot"}, {"path", path("window.png")}});
-    commands.push_back({{"cmd", "tree"}});
-    const auto answers = playWindow(commands);
-    const QImage screen = picture("window.png");
-    ASSERT_EQ(screen.size(), QSize(375, 667));
-    int checked = 0;
-    checkColors(answers.back()["tree"], screen, checked);
-    EXPECT_EQ(checked, 2) << "a block of two, and a single slot";
-
-    const auto again = playWindow({{{"cmd", "launch"}},
-                                   wait(),
-                                   {{"cmd", "find"}, {"text", "수학 Maths"}},
-                                   {{"cmd", "screenshot"}, {"path", path("again.png")}}});
-    EXPECT_EQ(again[2]["views"].size(), 2U);
-    EXPECT_LT(partThatDiffers(screen, picture("again.png")), 0.0005);
+    play(GEXLO_WINDOW, addSubject() + shoot("window.png"));
+    const auto again = play(GEXLO_WINDOW, kLaunch + "{\"cmd\":\"find\",\"text\":\"수학 Maths\"}\n" +
+                                              shoot("again.png"));
+    EXPECT_EQ(again[2]["views"].size(), 2U) << "a block of two, and a single slot";
+    EXPECT_EQ(picture("window.png").size(), QSize(375, 667));
+    EXPECT_LT(partThatDiffers(picture("window.png"), picture("again.png")), 0.0005);
 }
 
 TEST_F(Window, shows_what_the_painted_screen_shows) {
-    const std::vector<std::pair<const char*, std::vector<json>>> screens{
-        {"grid", {}},
-        {"editor", {tap("btnAdd"), wait()}},
-        {"menu", {tapWithin("titleView", "btnCancel"), wait(), tap("btnMore"), wait()}},
-        {"sheet", {tapWithin("GXMoreMenu", "btnShare"), wait()}},
-        {"list",
-         {{{"cmd", "answer"}, {"button", 4}},
-          tap("closeButton"),
-          wait(),
-          tap("btnEdit"),
-          wait(),
-          tap("editButton"),
-          wait()}},
+    const std::pair<std::string, std::string> screens[] = {
+        {"grid", addSubject()},
+        {"editor", tap("btnAdd")},
+        {"menu", tap("btnCancel", "titleView") + tap("btnMore")},
+        {"sheet", tap("btnShare", "GXMoreMenu")},
+        {"list", "{\"cmd\":\"answer\",\"button\":4}\n" + tap("closeButton") + tap("btnEdit") +
+                     tap("editButton")},
     };
-    std::vector<json> window = addSubject();
-    std::vector<json> headless = window;
-    for (const auto& [name, commands] : screens) {
-        for (auto* script : {&window, &headless}) {
-            script->insert(script->end(), commands.begin(), commands.end());
-            const std::string host = script == &window ? "window-" : "headless-";
-            script->push_back({{"cmd", "screenshot"}, {"path", path(host + name + ".png")}});
-        }
+    for (const std::string program : {GEXLO_WINDOW, GEXLO_HEADLESS}) {
+        std::string lines;
+        for (const auto& [name, commands] : screens)
+            lines += commands + shoot((program == GEXLO_WINDOW ? "shown-" : "painted-") + name);
+        play(program, lines);
     }
-    playWindow(window);
-    playHeadless(headless);
     for (const auto& [name, commands] : screens) {
-        const QImage shown = picture(std::string("window-") + name + ".png");
-        const QImage painted = picture(std::string("headless-") + name + ".png");
-        ASSERT_FALSE(shown.isNull());
+        const QImage shown = picture("shown-" + name);
+        const QImage painted = picture("painted-" + name);
         ASSERT_EQ(shown.size(), painted.size()) << name;
         // Texts upon a layer of their own have slightly other edges.
         EXPECT_LT(partThatDiffers(shown, painted), 0.004) << name;
@@ -178,7 +93,7 @@ TEST_F(Window, shows_what_the_painted_screen_shows) {
 TEST_F(Window, without_a_display_leaves_a_picture) {
     std::vector<QImage> pictures;
     for (const char* file : {"", "no such file.gexlo"}) {
-        const ChildResult result = runProgram(
+        result = runProgram(
             {"/usr/bin/env", "-u", "DISPLAY", "-u", "WAYLAND_DISPLAY", "-u", "QT_QPA_PLATFORM",
              GEXLO_WINDOW, "--data", path("pictured"), "--screen", "320x480", file},
             "");

@@ -1,5 +1,7 @@
 // Where everything on the main screen and in its panels lies and is painted, where it is tightest:
 // with names that are too long for their places and with none at all.
+#include <QPainter>
+
 #include "hosts/drawing/alert_view.h"
 #include "hosts/drawing/qt_text_measure.h"
 #include "hosts/drawing/text_layout.h"
@@ -8,12 +10,14 @@
 #include "presentation/panels/pd_alert_view.h"
 #include "presentation/panels/pd_loading_view.h"
 #include "support/grid.h"
+#include "support/pictures.h"
 
 namespace gexlo::test {
 
 namespace {
 
 constexpr double kThumb = 40;      // points that a finger needs each way
+constexpr int kVisible = 8;        // of 255, from which on ink counts
 constexpr double kRounding = 0.5;  // points by which nobody sees a difference
 
 /// What may be smaller, and why.
@@ -184,38 +188,26 @@ private:
 
     /// What goes from the picture with the texts has stood at their places, and at each of them.
     void checkInk() {
-        constexpr int visible = 8;
         ViewPainter painter(GEXLO_RESOURCES "/images");
-        const QImage full = painter.paint(root_, 1);
+        QImage full = painter.paint(root_, 1);
         wipe(root_);
-        const QImage bare = painter.paint(root_, 1);
-        std::vector<int> inked(texts_.size());
-        for (int y = 0; y < full.height(); ++y) {
-            const auto* with = reinterpret_cast<const QRgb*>(full.constScanLine(y));
-            const auto* without = reinterpret_cast<const QRgb*>(bare.constScanLine(y));
-            for (int x = 0; x < full.width(); ++x) {
-                if (std::abs(qGreen(with[x]) - qGreen(without[x])) < visible) continue;
-                bool isExpected = false;
-                for (std::size_t i = 0; i < texts_.size(); ++i) {
-                    // Letters lean out a little.
-                    const auto [left, top, width, height] = texts_[i].place;
-                    if (!CGRect{left - 3, top - 3, width + 6, height + 6}.contains(
-                            {x + 0.5, y + 0.5}))
-                        continue;
-                    isExpected = true;
-                    ++inked[i];
-                }
-                ASSERT_TRUE(isExpected) << "ink at " << x << ' ' << y;
-            }
+        QImage bare = painter.paint(root_, 1);
+        for (const Seen& text : texts_) {
+            const auto isIt = [&](const Seen& seen) { return seen.view == text.view; };
+            const auto [x, y, width, height] = text.place;
+            if (width < 4 || height < 4 || dynamic_cast<const UITextInput*>(text.view)) continue;
+            if (std::none_of(seen_.begin(), seen_.end(), isIt)) continue;
+            const QRect place = QRectF(x - 3, y - 3, width + 6, height + 6).toRect();
+            EXPECT_NE(differing(full.copy(place), bare.copy(place), kVisible), 0)
+                << text << " has no ink";
         }
-        for (std::size_t i = 0; i < texts_.size(); ++i) {
-            const auto isIt = [&](const Seen& seen) { return seen.view == texts_[i].view; };
-            const bool isSeen = std::any_of(seen_.begin(), seen_.end(), isIt);
-            const CGRect& place = texts_[i].place;
-            if (!isSeen || place.width < 4 || place.height < 4) continue;
-            EXPECT_TRUE(inked[i] > 0 || dynamic_cast<const UITextInput*>(texts_[i].view))
-                << texts_[i] << " has no ink";
+        for (QImage* image : {&full, &bare}) {
+            QPainter over(image);
+            for (const auto& [view, place, isControl, scrolls] : texts_)  // letters lean out
+                over.fillRect(QRectF(place.x - 3, place.y - 3, place.width + 6, place.height + 6),
+                              Qt::black);
         }
+        EXPECT_EQ(differing(full, bare, kVisible), 0) << "ink beyond the places of texts";
     }
 
     UIView& root_;

@@ -1,4 +1,4 @@
-// What the driver's commands do to rows, fields and controls, and what they tell of views.
+// What the driver's commands do to rows, fields, controls and alerts, and what they tell of views.
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
@@ -10,9 +10,7 @@
 #include "platform/views/button.h"
 #include "platform/views/slider.h"
 #include "platform/views/table_view.h"
-#include "platform/views/text_input.h"
-#include "platform/views/window.h"
-#include "support/phone.h"
+#include "support/grid.h"
 
 namespace gexlo::test {
 
@@ -35,31 +33,22 @@ public:
     }
     std::shared_ptr<UITableViewCell> cellForRow(UITableView&, NSIndexPath path) override {
         auto cell = std::make_shared<UITableViewCell>();
-        auto name = std::make_shared<UILabel>(CGRect{0, 0, 80, 40});
-        name->setText(nameOf(path));
-        auto mark = std::make_shared<UIButton>(CGRect{100, 0, 40, 40});
-        mark->setAccessibilityIdentifier("mark");
-        mark->addAction(UIControlEvent::touchUpInside,
-                        [this, path] { told += "mark " + nameOf(path) + "|"; });
-        cell->contentView().addSubview(name);
-        auto faded = std::make_shared<UILabel>(CGRect{150, 0, 40, 40});
-        faded->setText("faded");
-        faded->setAlpha(0);
-        cell->contentView().addSubview(mark);
-        cell->contentView().addSubview(faded);
+        cell->contentView().add<UILabel>(CGRect{0, 0, 80, 40}).setText(nameOf(path));
+        auto& mark = cell->contentView().add<UIButton>(CGRect{100, 0, 40, 40});
+        mark.setAccessibilityIdentifier("mark");
+        mark.addAction(UIControlEvent::touchUpInside, [this, path] { tell("mark", path); });
+        auto& faded = cell->contentView().add<UILabel>(CGRect{150, 0, 40, 40});
+        faded.setText("faded");
+        faded.setAlpha(0);
         return cell;
     }
     bool canEditRow(UITableView&, NSIndexPath path) override { return path.row != 0; }
     bool canMoveRow(UITableView&, NSIndexPath path) override { return path.row != 0; }
-    void commitDelete(UITableView&, NSIndexPath path) override {
-        told += "delete " + nameOf(path) + "|";
-    }
+    void commitDelete(UITableView&, NSIndexPath path) override { tell("delete", path); }
     void moveRow(UITableView&, NSIndexPath from, NSIndexPath to) override {
-        told += "move " + nameOf(from) + " " + nameOf(to) + "|";
+        tell("move " + nameOf(from), to);
     }
-    void didSelectRow(UITableView&, NSIndexPath path) override {
-        told += "select " + nameOf(path) + "|";
-    }
+    void didSelectRow(UITableView&, NSIndexPath path) override { tell("select", path); }
     /// No digits.
     bool shouldChange(UITextInput&, std::size_t location, std::size_t length,
                       std::string_view replacement) override {
@@ -75,33 +64,26 @@ private:
     static std::string nameOf(NSIndexPath path) {
         return stringWithFormat("%ld.%ld", path.section, path.row);
     }
+    void tell(const std::string& what, NSIndexPath path) {
+        told += what + " " + nameOf(path) + "|";
+    }
 };
 
 /// A line, what its answer holds, and what the owner was told meanwhile.
 struct Step {
     std::string line;
     std::string answer;
-    std::string told;
+    std::string told = "";
 };
 
-class Commands : public ::testing::Test {
+class Commands : public Grid {
 protected:
-    Commands() {
-        phone.launch();
-        phone.advance(1);
-    }
     template <typename View>
-    std::shared_ptr<View> add(const char* identifier, CGRect frame) {
-        auto view = std::make_shared<View>(frame);
-        view->setAccessibilityIdentifier(identifier);
-        UIWindow::keyWindow().addSubview(view);
+    View& add(const char* identifier, CGRect frame) {
+        View& view = UIWindow::keyWindow().add<View>(frame);
+        view.setAccessibilityIdentifier(identifier);
+        if constexpr (std::is_base_of_v<UITextInput, View>) view.setDelegate(owner);
         return view;
-    }
-    template <typename Input>
-    std::shared_ptr<Input> addInput(const char* identifier, CGRect frame) {
-        auto input = add<Input>(identifier, frame);
-        input->setDelegate(owner);
-        return input;
     }
     void play(const std::vector<Step>& steps) {
         for (const Step& step : steps) {
@@ -113,16 +95,15 @@ protected:
         }
     }
 
-    Phone phone;
     Driver driver;
     std::shared_ptr<Owner> owner = std::make_shared<Owner>();
 };
 
 TEST_F(Commands, rows_are_read_and_treated_where_they_stand) {
-    const auto table = add<UITableView>("rows", {0, 100, 300, 176});  // four rows high
-    table->setDataSource(owner);
-    table->setDelegate(owner);
-    table->reloadData();
+    auto& table = add<UITableView>("rows", {0, 100, 300, 176});  // four rows high
+    table.setDataSource(owner);
+    table.setDelegate(owner);
+    table.reloadData();
     const auto row = [](const std::string& command, const std::string& place) {
         return R"({"cmd":")" + command + R"(","id":"rows",)" + place + "}";
     };
@@ -132,7 +113,7 @@ TEST_F(Commands, rows_are_read_and_treated_where_they_stand) {
     const auto in = [](int section, int number) {
         return stringWithFormat(R"("within":{"id":"rows","section":%d,"row":%d})", section, number);
     };
-    const double end = table->contentSize().height - 176;
+    const double end = table.contentSize().height - 176;
     play({
         {R"({"cmd":"rows","id":"rows"})",
          R"("sections":[{"header":"","rows":[["0.0"],["0.1"],["0.2"]]},)"
@@ -140,95 +121,95 @@ TEST_F(Commands, rows_are_read_and_treated_where_they_stand) {
          ""},
         {row("select_row", R"("section":0,"row":2)"), "true", "select 0.2|"},
         {row("delete_row", R"("section":0,"row":1)"), "true", "delete 0.1|"},
-        {row("select_row", R"("section":0,"row":3)"), "no such row", ""},
-        {row("select_row", R"("section":2,"row":0)"), "no such row", ""},
-        {row("move_row", R"("section":1,"row":9,"to":4)"), "cannot be moved", ""},
-        {mark(in(1, 19) + R"(,"index":1)"), "not as many", ""},
-        {mark(in(0, 7)), "no such row", ""},
-        {R"({"cmd":"set","id":"mark","value":1,)" + in(1, 19) + "}", "no value", ""},
+        {row("select_row", R"("section":0,"row":3)"), "no such row"},
+        {row("select_row", R"("section":2,"row":0)"), "no such row"},
+        {row("move_row", R"("section":1,"row":9,"to":4)"), "cannot be moved"},
+        {mark(in(1, 19) + R"(,"index":1)"), "not as many"},
+        {mark(in(0, 7)), "no such row"},
+        {R"({"cmd":"set","id":"mark","value":1,)" + in(1, 19) + "}", "no value"},
     });
-    EXPECT_EQ(table->contentOffset(), (CGPoint{0, 0})) << "of what was refused nothing stays";
+    EXPECT_EQ(table.contentOffset(), (CGPoint{0, 0})) << "of what was refused nothing stays";
     play({
         {mark(R"("within":"rows","index":2)"), R"("hit":"mark")", "mark 0.2|"},
-        {mark(R"("within":"rows","index":9)"), "not as many", ""},
-        {mark(R"("within":"rows")"), "several", ""},
+        {mark(R"("within":"rows","index":9)"), "not as many"},
+        {mark(R"("within":"rows")"), "several"},
         {R"({"cmd":"tap","text":"0.1"})", R"("hit":"rows")", "select 0.1|"},
-        {R"({"cmd":"find","id":"header_1","all":true})", R"("text":"Others")", ""},
-        {R"({"cmd":"find","id":"header_0","all":true})", R"("views":[])", ""},
+        {R"({"cmd":"find","id":"header_1","all":true})", R"("text":"Others")"},
+        {R"({"cmd":"find","id":"header_0","all":true})", R"("views":[])"},
         {mark(in(1, 19)), R"("hit":"mark")", "mark 1.19|"},
     });
-    EXPECT_EQ(table->contentOffset(), (CGPoint{0, end}));
-    table->setEditing(true);
+    EXPECT_EQ(table.contentOffset(), (CGPoint{0, end}));
+    table.setEditing(true);
     play({
-        {row("delete_row", R"("section":0,"row":0)"), "cannot be deleted", ""},
-        {row("move_row", R"("section":0,"row":0,"to":1)"), "cannot be moved", ""},
-        {row("move_row", R"("section":0,"row":1,"to":3)"), "no such row", ""},
+        {row("delete_row", R"("section":0,"row":0)"), "cannot be deleted"},
+        {row("move_row", R"("section":0,"row":0,"to":1)"), "cannot be moved"},
+        {row("move_row", R"("section":0,"row":1,"to":3)"), "no such row"},
     });
-    EXPECT_EQ(table->contentOffset(), (CGPoint{0, end}));
+    EXPECT_EQ(table.contentOffset(), (CGPoint{0, end}));
     play({{row("move_row", R"("section":1,"row":9,"to":4)"), "true", "move 1.9 1.4|"}});
 }
 
 TEST_F(Commands, the_keyboard_asks_the_delegate_as_a_phone_does) {
-    const auto field = addInput<UITextField>("field", {0, 100, 200, 40});
-    const auto lines = addInput<UITextView>("lines", {0, 150, 200, 80});
+    auto& field = add<UITextField>("field", {0, 100, 200, 40});
+    auto& lines = add<UITextView>("lines", {0, 150, 200, 80});
     play({
-        {R"({"cmd":"type","text":"a"})", "no field has the focus", ""},
-        {R"({"cmd":"tap","id":"field"})", R"("hit":"field")", ""},
+        {R"({"cmd":"type","text":"a"})", "no field has the focus"},
+        {R"({"cmd":"tap","id":"field"})", R"("hit":"field")"},
         {R"({"cmd":"type","text":"a1é🎒"})", "true", "0+0:a|1+0:1|1+0:é|3+0:🎒|"},
         {R"({"cmd":"paste","text":"b1"})", R"("text":"aé🎒")", "7+0:b1|"},
         {R"({"cmd":"paste","text":"bc"})", R"("text":"aé🎒bc")", "7+0:bc|"},
         {R"({"cmd":"return"})", R"("text":"aé🎒bc")", "return|"},
         {R"({"cmd":"type","text":"d\ne"})", "true", "9+0:d|return|10+0:e|"},
-        {R"({"cmd":"find","id":"field"})", R"("focused":true)", ""},
+        {R"({"cmd":"find","id":"field"})", R"("focused":true)"},
         {R"({"cmd":"clear"})", R"("text":"")", "0+11:|"},
-        {R"({"cmd":"tap","id":"lines"})", R"("hit":"lines")", ""},
+        {R"({"cmd":"tap","id":"lines"})", R"("hit":"lines")"},
         {R"({"cmd":"type","text":"x\ny"})", "true", "0+0:x|1+0:\n|2+0:y|"},
         {R"({"cmd":"return"})", R"("text":"x\ny\n")", "3+0:\n|"},
-        {R"({"cmd":"type"})", "missing", ""},
+        {R"({"cmd":"type"})", "missing"},
     });
-    EXPECT_EQ(field->text() + lines->text(), "x\ny\n");
+    EXPECT_EQ(field.text() + lines.text(), "x\ny\n");
 }
 
 TEST_F(Commands, controls_move_as_under_a_finger) {
-    const auto slider = add<UISlider>("slider", {0, 100, 200, 40});
-    slider->addAction(UIControlEvent::valueChanged, [this] { owner->told += "moved|"; });
-    const auto button = add<UIButton>("press", {0, 150, 100, 40});
-    button->addAction(UIControlEvent::touchUpInside, [this] { owner->told += "pressed|"; });
-    button->setImage(UIImage::imageNamed("front"));
-    button->setBackgroundImage(UIImage::imageNamed("back"));
-    const auto pages = add<UIScrollView>("pages", {0, 200, 100, 100});
-    pages->setContentSize({300, 100});
-    pages->setPagingEnabled(true);
+    auto& slider = add<UISlider>("slider", {0, 100, 200, 40});
+    slider.addAction(UIControlEvent::valueChanged, [this] { owner->told += "moved|"; });
+    auto& button = add<UIButton>("press", {0, 150, 100, 40});
+    button.addAction(UIControlEvent::touchUpInside, [this] { owner->told += "pressed|"; });
+    button.setImage(UIImage::imageNamed("front"));
+    button.setBackgroundImage(UIImage::imageNamed("back"));
+    auto& pages = add<UIScrollView>("pages", {0, 200, 100, 100});
+    pages.setContentSize({300, 100});
+    pages.setPagingEnabled(true);
     const auto scroll = [](int x, int y) {
         return stringWithFormat(R"({"cmd":"scroll","id":"pages","x":%d,"y":%d})", x, y);
     };
     play({
         {R"({"cmd":"set","id":"slider","value":0.25})", R"("value":0.25)", "moved|"},
-        {R"({"cmd":"set","id":"slider","value":"1"})", "no number", ""},
-        {R"({"cmd":"set","id":"press","value":1})", "no value", ""},
-        {R"({"cmd":"touch","phase":"down","id":"press"})", R"("hit":"press")", ""},
+        {R"({"cmd":"set","id":"slider","value":"1"})", "no number"},
+        {R"({"cmd":"set","id":"press","value":1})", "no value"},
+        {R"({"cmd":"touch","phase":"down","id":"press"})", R"("hit":"press")"},
         {R"({"cmd":"touch","phase":"up","id":"press"})", R"("hit":"press")", "pressed|"},
-        {R"({"cmd":"touch","phase":"down","id":"press"})", R"("hit":"press")", ""},
-        {R"({"cmd":"touch","phase":"cancel"})", R"("hit":null)", ""},
-        {R"({"cmd":"touch","phase":"up","id":"press"})", R"("hit":null)", ""},
-        {R"({"cmd":"touch","phase":"down","x":50,"y":170})", R"("hit":"press")", ""},
-        {R"({"cmd":"touch","phase":"up","x":50,"y":400})", "true", ""},
-        {R"({"cmd":"find","id":"press"})", R"("backgroundImage":"back")", ""},
-        {R"({"cmd":"find","id":"press"})", R"("image":"front")", ""},
-        {scroll(140, 0), R"("contentOffset":[100.0,0.0])", ""},
-        {scroll(160, 50), R"("contentOffset":[200.0,0.0])", ""},
-        {scroll(900, 0), R"("contentOffset":[200.0,0.0])", ""},
+        {R"({"cmd":"touch","phase":"down","id":"press"})", R"("hit":"press")"},
+        {R"({"cmd":"touch","phase":"cancel"})", R"("hit":null)"},
+        {R"({"cmd":"touch","phase":"up","id":"press"})", R"("hit":null)"},
+        {R"({"cmd":"touch","phase":"down","x":50,"y":170})", R"("hit":"press")"},
+        {R"({"cmd":"touch","phase":"up","x":50,"y":400})", "true"},
+        {R"({"cmd":"find","id":"press"})", R"("backgroundImage":"back")"},
+        {R"({"cmd":"find","id":"press"})", R"("image":"front")"},
+        {scroll(140, 0), R"("contentOffset":[100.0,0.0])"},
+        {scroll(160, 50), R"("contentOffset":[200.0,0.0])"},
+        {scroll(900, 0), R"("contentOffset":[200.0,0.0])"},
     });
-    slider->setEnabled(false);
-    button->setImage({});
-    pages->setPagingEnabled(false);
+    slider.setEnabled(false);
+    button.setImage({});
+    pages.setPagingEnabled(false);
     play({
-        {R"({"cmd":"set","id":"slider","value":1})", R"("ok":false)", ""},
-        {R"({"cmd":"find","id":"slider"})", R"("value":0.25)", ""},
-        {R"({"cmd":"find","id":"press"})", R"("image":"back")", ""},
-        {scroll(130, -20), R"("contentOffset":[130.0,0.0])", ""},
+        {R"({"cmd":"set","id":"slider","value":1})", R"("ok":false)"},
+        {R"({"cmd":"find","id":"slider"})", R"("value":0.25)"},
+        {R"({"cmd":"find","id":"press"})", R"("image":"back")"},
+        {scroll(130, -20), R"("contentOffset":[130.0,0.0])"},
     });
-    EXPECT_EQ(pages->contentOffset(), (CGPoint{130, 0}));
+    EXPECT_EQ(pages.contentOffset(), (CGPoint{130, 0}));
 }
 
 TEST_F(Commands, an_alarm_is_delivered_once_or_again_each_week) {
@@ -249,32 +230,32 @@ TEST_F(Commands, an_alarm_is_delivered_once_or_again_each_week) {
             bodies += "rung " + note.alertBody;
         return bodies;
     };
-    play({{R"({"cmd":"deliver","index":1})", "true", ""},
-          {R"({"cmd":"alert"})", R"("message":"weekly")", ""},
-          {R"({"cmd":"answer","button":0})", "true", ""}});
+    play({{R"({"cmd":"deliver","index":1})", "true"},
+          {R"({"cmd":"alert"})", R"("message":"weekly")"},
+          {R"({"cmd":"answer","button":0})", "true"}});
     EXPECT_EQ(standing(), "once weekly ");
-    play({{R"({"cmd":"deliver","index":0})", "true", ""},
-          {R"({"cmd":"answer","button":0})", "true", ""},
-          {R"({"cmd":"background"})", "true", ""},
-          {R"({"cmd":"advance","seconds":90})", "true", ""}});
+    play({{R"({"cmd":"deliver","index":0})", "true"},
+          {R"({"cmd":"answer","button":0})", "true"},
+          {R"({"cmd":"background"})", "true"},
+          {R"({"cmd":"advance","seconds":90})", "true"}});
     EXPECT_EQ(standing(), "weekly rung weekly");
-    play({{R"({"cmd":"deliver","rung":1})", "no such notification", ""},
-          {R"({"cmd":"deliver","rung":0})", "true", ""},
-          {R"({"cmd":"alert"})", R"("alert":null)", ""}});
+    play({{R"({"cmd":"deliver","rung":1})", "no such notification"},
+          {R"({"cmd":"deliver","rung":0})", "true"},
+          {R"({"cmd":"alert"})", R"("alert":null)"}});
     EXPECT_EQ(standing(), "weekly ");
     EXPECT_EQ(application.applicationState(), UIApplicationState::active);
 }
 
 TEST_F(Commands, views_are_found_by_all_that_is_asked) {
-    const auto addLabel = [this](const char* identifier, double y, const char* text) {
-        const auto label = add<UILabel>(identifier, {10, y, 100, 20});
-        label->setText(text);
+    const auto addLabel = [this](const char* identifier, double y, const char* text) -> UILabel& {
+        auto& label = add<UILabel>(identifier, {10, y, 100, 20});
+        label.setText(text);
         return label;
     };
     addLabel("clock", 100, "8:00\u202FAM");
     addLabel("clock", 120, "9:00 AM");
-    addLabel("clock", 140, "9:00 AM")->setHidden(true);
-    addLabel("other", 160, "9:00 AM")->setAlpha(0);
+    addLabel("clock", 140, "9:00 AM").setHidden(true);
+    addLabel("other", 160, "9:00 AM").setAlpha(0);
     addLabel("other", 9000, "9:00 AM");
     const struct {
         const char* fields;
@@ -297,8 +278,107 @@ TEST_F(Commands, views_are_found_by_all_that_is_asked) {
             found.push_back(view["frame"][1]);
         EXPECT_EQ(found, tops) << fields;
     }
-    play({{R"({"cmd":"tap","id":"clock"})", "several", ""},
-          {R"({"cmd":"find","all":true})", "none of", ""}});
+    play({
+        {R"({"cmd":"tap","id":"clock"})", "several"},
+        {R"({"cmd":"find","all":true})", "none of"},
+        {R"({"cmd":"tap","id":"nobody"})", "no such view"},
+        {R"({"cmd":"tap","x":1e300,"y":0})", "no place"},
+        {R"({"cmd":"find","id":"cell_0_1_0","within":"nowhere"})", "no such view"},
+        {R"({"cmd":"rows","id":"mainScrollView"})", "no table"},
+        {R"({"cmd":"touch","phase":"sideways"})", "none of down"},
+        {R"({"cmd":"deliver","index":0})", "no such notification"},
+    });
+}
+
+TEST_F(Commands, what_lies_under_an_alert_is_not_reached) {
+    for (char name = 'A'; name < 'M'; ++name)
+        phone.addSubject({name});
+    manager().openLessonSelector();
+    phone.advance(1);
+    UIWindow& window = UIWindow::keyWindow();
+    auto& slider = add<UISlider>("slider", {0, 0, 200, 30});
+    auto& field = window.add<UITextField>(CGRect{0, 40, 200, 30});
+    field.setAccessibilityIdentifier("field");
+    field.becomeFirstResponder();
+    std::string reached;
+    field.addAction(UIControlEvent::touchDown, [&] { reached += "touch "; });
+    field.addAction(UIControlEvent::editingChanged, [&] { reached += "text "; });
+    slider.addAction(UIControlEvent::valueChanged, [&] { reached += "value "; });
+    const auto playAll = [&](bool isReached) {
+        for (const std::string line : {
+                 R"("tap","id":"field")",
+                 R"("tap","x":100,"y":50)",
+                 R"("touch","phase":"down","id":"field")",
+                 R"("touch","phase":"up","id":"field")",
+                 R"("type","text":"x")",
+                 R"("paste","text":"x")",
+                 R"("return")",
+                 R"("clear")",
+                 R"("set","id":"slider","value":1)",
+                 R"("scroll","id":"SubjectListTableView","x":0,"y":50)",
+                 R"("move_row","id":"SubjectListTableView","section":0,"row":0,"to":1)",
+                 R"("delete_row","id":"SubjectListTableView","section":0,"row":0)",
+                 R"("select_row","id":"SubjectListTableView","section":0,"row":0)",
+             }) {
+            const std::string got = driver.answer("{\"cmd\":" + line + "}");
+            const bool was = got.find(R"("ok":true)") != std::string::npos &&
+                             got.find(R"("hit":null)") == std::string::npos;
+            EXPECT_EQ(was, isReached) << line << " gave " << got;
+            if (isReached && !window.alerts().empty()) window.answer(1);
+            if (isReached && line.starts_with("\"scroll")) tap(part("editButton"));
+        }
+    };
+    UIAlert::notice("", "Message", "OK").show();
+    playAll(false);
+    window.answer(0);
+    window.setCovered(true);
+    playAll(false);
+    window.setCovered(false);
+    EXPECT_EQ(reached + field.text(), "");
+    EXPECT_EQ(part<UIScrollView>("SubjectListTableView").contentOffset().y, 0);
+    playAll(true);
+    EXPECT_EQ(reached, "touch touch touch text text text value ");
+    EXPECT_EQ(manager().appState(), AppState::editLesson) << "the row was selected";
+}
+
+TEST_F(Commands, alerts_keep_what_is_typed_for_their_answer) {
+    std::string answered;
+    UIAlert alert;
+    alert.fields = {{"Name", "old ", false}, {"Secret", "", true}};
+    alert.buttons = {{"Delete", UIAlert::Button::Style::destructive},
+                     {"Add"},
+                     {"Cancel", UIAlert::Button::Style::cancel}};
+    alert.dismissed = [&](std::size_t button, const auto& fields) {
+        answered = std::to_string(button) + fields[0].text + "," + fields[1].text;
+    };
+    UIAlert(alert).show();
+    play({
+        {R"({"cmd":"type","text":"na\nme"})", R"("ok":true)"},
+        {R"({"cmd":"return"})", R"("text":"old name")"},
+        {R"({"cmd":"type","field":1,"text":"x"})", R"("ok":true)"},
+        {R"({"cmd":"clear","field":1})", R"("text":"")"},
+        {R"({"cmd":"paste","field":1,"text":"\nline\r\nbreak\u2028s\n"})", R"("line break s")"},
+        {R"({"cmd":"type","field":2,"text":"x"})", "no such field"},
+        {R"({"cmd":"alert"})", R"("busy":false)"},
+        {R"({"cmd":"alert"})", R"("cancel":2,"destructive":0)"},
+        {R"({"cmd":"alert"})", R"("secure":true,"text":"line break s")"},
+        {R"({"cmd":"answer","button":"No such"})", "no such button"},
+        {R"({"cmd":"answer","button":1,"texts":["x","y","z"]})", "fewer fields"},
+        {R"({"cmd":"answer","button":"Add","texts":["a\nb"]})", R"("ok":true)"},
+        {R"({"cmd":"answer","button":0})", "no alert is up"},
+    });
+    EXPECT_EQ(answered, "1a b,line break s");
+    for (const char* message : {"below", "above"})
+        UIAlert::notice("", message, "OK").show();
+    play({{R"({"cmd":"alert"})", R"("message":"above","title":""},"ok":true,"stack":[)"},
+          {R"({"cmd":"answer","button":0})", "true"},
+          {R"({"cmd":"answer","button":0})", "true"}});
+    alert = {};
+    alert.kind = UIAlert::Kind::sheet;
+    UIAlert(alert).show();
+    play({{R"({"cmd":"alert"})", R"("busy":true,"buttons":[],"cancel":null,"destructive":null)"},
+          {R"({"cmd":"alert"})", R"("kind":"sheet")"},
+          {R"({"cmd":"type","text":"x"})", "no such field"}});
 }
 
 }  // namespace
