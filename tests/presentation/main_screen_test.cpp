@@ -72,6 +72,16 @@ TEST_F(MainScreen, the_bubble_stands_for_a_while_and_gives_back_what_it_hid) {
     EXPECT_TRUE(isSeen("dateView")) << "after a touch that was taken away too";
 }
 
+TEST_F(MainScreen, a_button_of_the_menu_is_dim_only_while_it_is_held) {
+    const UIView& button = part("btnShare", part("bottomMenu"));
+    UIWindow::keyWindow().touchDown(button.visibleRect().center());
+    EXPECT_NEAR(button.alpha(), 0.6, 1e-6);
+    UIWindow::keyWindow().touchUp({});
+    EXPECT_EQ(button.alpha(), 1);
+    tap(button);
+    EXPECT_EQ(button.alpha(), 1);
+}
+
 TEST_F(MainScreen, a_title_that_comes_while_another_goes_keeps_its_buttons) {
     manager().openAddLessonView();
     manager().cancelLessonEditing();
