@@ -425,6 +425,17 @@ TEST_F(Screen, views_lie_upon_each_other_in_the_order_of_the_tree) {
     EXPECT_EQ(colorAt(100, 100), Qt::red);
 }
 
+TEST_F(Screen, a_view_that_clips_hides_what_reaches_out_of_it) {
+    UIView& box = add({50, 50, 100, 100});
+    box.add<UIView>(CGRect{50, 50, 100, 100}).setBackgroundColor(kRed);
+    for (const bool clips : {true, false}) {
+        box.setClipsToBounds(clips);
+        atRest();
+        EXPECT_EQ(colorAt(120, 120), Qt::red);
+        EXPECT_EQ(colorAt(170, 170), clips ? Qt::white : Qt::red);
+    }
+}
+
 TEST_F(Screen, a_larger_window_is_painted_anew_and_not_stretched) {
     auto& label = add<UILabel>({20, 20, 300, 40}, kWhite);  // texts on nothing have other edges
     label.setText("Sharp letters at every size");

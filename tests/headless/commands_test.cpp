@@ -244,6 +244,11 @@ TEST_F(Commands, an_alarm_is_delivered_once_or_again_each_week) {
           {R"({"cmd":"alert"})", R"("alert":null)"}});
     EXPECT_EQ(standing(), "weekly ");
     EXPECT_EQ(application.applicationState(), UIApplicationState::active);
+    play({{R"({"cmd":"background"})", "true"},
+          {R"({"cmd":"advance","seconds":604800})", "true"},
+          {R"({"cmd":"deliver","rung":0,"active":true})", "true"},
+          {R"({"cmd":"alert"})", R"("message":"weekly")"}});
+    EXPECT_EQ(standing(), "weekly ");
 }
 
 TEST_F(Commands, views_are_found_by_all_that_is_asked) {
