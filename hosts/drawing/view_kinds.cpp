@@ -32,12 +32,9 @@ CGRect disc(CGPoint center, double diameter) {
 }
 
 void drawLabel(Canvas& canvas, const UILabel& label, const CGRect& frame) {
-    static constexpr double kMargin = 1;  // what shrinks to fit in the middle stays off the edges
     if (label.text().empty() || canvas.isOutside(frame)) return;
-    const bool isAmid = label.textAlignment() == NSTextAlignment::center;
-    const bool hasMargin = isAmid && label.minimumScaleFactor() < 1;
     const TextLayout& layout = canvas.layout(label.text(), label.font(),
-                                             {.width = frame.width - (hasMargin ? 2 * kMargin : 0),
+                                             {.width = frame.width,
                                               .lines = label.numberOfLines(),
                                               .smallestScale = label.minimumScaleFactor(),
                                               .height = frame.height});
