@@ -4,6 +4,7 @@
 #include "platform/foundation/notification_center.h"
 #include "platform/views/screen.h"
 #include "platform/views/text_input.h"
+#include "platform/views/view_controller.h"
 
 namespace gexlo {
 
@@ -112,6 +113,15 @@ void UIWindow::dropAlertsOf(const UIView& view) {
 void UIWindow::setCovered(bool covered) {
     if (covered) touchCancel();
     isCovered_ = covered;
+}
+
+void UIWindow::setRootViewController(std::shared_ptr<UIViewController> controller) {
+    root_ = std::move(controller);
+    insertSubview_atIndex(root_->view(), 0);
+}
+
+void UIWindow::makeKeyAndVisible() {
+    UIViewController::endAppearance(root_->beginAppearance(true, false), false);
 }
 
 void UIWindow::setFirstResponder(UITextInput* input) {

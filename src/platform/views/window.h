@@ -12,6 +12,7 @@
 namespace gexlo {
 
 class UITextInput;
+class UIViewController;
 
 /// Posted on the default centre when the keyboard comes, with its height in points under
 /// "height", and when it goes.
@@ -64,6 +65,14 @@ public:
     bool isCovered() const { return isCovered_; }
     void setCovered(bool covered);
 
+    // MARK: screens
+
+    /// The screen below all others.
+    UIViewController* rootViewController() const { return root_.get(); }
+    void setRootViewController(std::shared_ptr<UIViewController> controller);
+    /// Tells the root screen that it appears.
+    void makeKeyAndVisible();
+
     // MARK: focus
 
     /// What the keyboard writes to, or null.
@@ -84,6 +93,7 @@ private:
     // The touched view and all above it: any of them may be removed by what the touch does.
     std::vector<std::shared_ptr<UIView>> path_;
     std::shared_ptr<UITextInput> firstResponder_;
+    std::shared_ptr<UIViewController> root_;
 };
 
 }  // namespace gexlo
