@@ -12,6 +12,7 @@
 #include "exchange/exchange_format.h"
 #include "platform/foundation/device.h"
 #include "platform/foundation/log.h"
+#include "platform/foundation/string_format.h"
 #include "platform/persistence/statement.h"
 #include "store/data_manager.h"
 
@@ -224,6 +225,10 @@ private:
 };
 
 }  // namespace
+
+std::string exportMessage(ExportError error) {
+    return stringWithFormat("Failed to generate data file (%d)", static_cast<int>(error));
+}
 
 bool writeExchangeFile(const GXTimetableData& timetable, const NSURL& path, ExportError& error) {
     removeFile(path);
