@@ -139,7 +139,7 @@ SubjectListView::SubjectListView() : FadingPanel(UIScreen::mainScreen().bounds()
     setBackgroundColor(UIColor::colorWithWhite(0, 0.4F));
 
     const double side = screen.scheduleBaseViewLeftMargin;
-    const double top = screen.statusBarHeight + 44.0 + 12;
+    const double top = screen.statusBarHeight + ScreenFacts::kTopMenuHeight + 12;
     const double width = screen.screenWidth - 2 * side;
     const double height = screen.screenHeight - top - screen.bottomViewHeight - 12;
     panel_ = std::make_shared<UIView>(CGRect{side, top, width, height});

@@ -6,12 +6,13 @@
 #include "platform/views/button.h"
 #include "platform/views/label.h"
 #include "presentation/panels/date_view.h"
+#include "presentation/screen_facts.h"
 
 namespace gexlo {
 
 class TopMenu final : public UIView {
 public:
-    static constexpr double kHeight = 44;
+    static constexpr double kHeight = ScreenFacts::kTopMenuHeight;
 
     TopMenu(double width, double topSpace);
     const char* className() const override { return "TopMenu"; }
