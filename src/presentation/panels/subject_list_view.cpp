@@ -132,7 +132,7 @@ void SubjectListTableView::didSelectRow(UITableView&, NSIndexPath path) {
 
 // MARK: the panel
 
-SubjectListView::SubjectListView() : FadingPanel(UIScreen::mainScreen().bounds()) {
+SubjectListView::SubjectListView() : Panel(UIScreen::mainScreen().bounds()) {
     const GXThemeManager& theme = GXThemeManager::manager();
     const ScreenFacts& screen = GXUIManager::manager().screen();
     setAccessibilityIdentifier("SubjectListView");
@@ -195,8 +195,6 @@ SubjectListView::SubjectListView() : FadingPanel(UIScreen::mainScreen().bounds()
     }
     table_->setAccessibilityIdentifier(table_->className());
     setListMode();
-    closeAll_ = NSNotificationCenter::defaultCenter().addObserver(GX_NOTI_CLOSE_ALL_SUBVIEWS,
-                                                                  [this](const auto&) { close(); });
 }
 
 void SubjectListView::show() {

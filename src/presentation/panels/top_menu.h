@@ -33,10 +33,11 @@ public:
 private:
     UIButton& addMenuButton(const char* identifier, const char* image, const char* spokenKey,
                             double width, void (TopMenu::*action)());
+    void timetableListAction();
+    void tessalyAction();
     void addSubjectAction();
     void subjectListAction();
     void moreAction();
-    void nothingYet() {}
     void layOut();
 
     // Three actions stand on the bottom menu, so their buttons are hidden and take no room.
