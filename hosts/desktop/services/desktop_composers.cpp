@@ -3,6 +3,7 @@
 #include <QProcess>
 #include <QStandardPaths>
 
+#include "hosts/drawing/qt_text.h"
 #include "platform/foundation/device.h"
 #include "platform/foundation/file_manager.h"
 #include "platform/foundation/log.h"
@@ -12,10 +13,6 @@ namespace gexlo {
 namespace {
 
 constexpr auto kMailer = "xdg-email";
-
-QString qtText(const std::string& text) {
-    return QString::fromStdString(text);
-}
 
 /// Makes it for its owner alone.
 void makePrivateDirectory(const std::filesystem::path& directory) {

@@ -37,8 +37,9 @@ GXTimetablePallet::GXTimetablePallet() {
 
 void GXTimetablePallet::buildViews() {
     const ScreenFacts& screen = GXUIManager::manager().screen();
-    view_ = named<UIView>("timetablePallet", CGRect{0, screen.statusBarHeight + 44.0,
-                                                    screen.screenWidth, screen.contentFullHeight});
+    view_ = named<UIView>("timetablePallet",
+                          CGRect{0, screen.statusBarHeight + ScreenFacts::kTopMenuHeight,
+                                 screen.screenWidth, screen.contentFullHeight});
     view_->setClipsToBounds(true);
     mainScrollView_ = named<PDScrollView>("mainScrollView");
     mainScrollView_->setPagingEnabled(true);

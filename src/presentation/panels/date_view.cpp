@@ -9,6 +9,7 @@
 #include "platform/foundation/string_format.h"
 #include "presentation/notifications.h"
 #include "presentation/style/theme_manager.h"
+#include "presentation/ui_manager.h"
 #include "store/app_local.h"
 #include "store/data_manager.h"
 
@@ -131,8 +132,7 @@ void GXDateView::openAbsenceView(GXLessonData* lesson) {
 }
 
 void GXDateView::absenceButtonAction() {
-    // The counter that it opens for the subject is not there yet.
-    if (isLocked_) return;
+    if (!isLocked_) GXUIManager::manager().openAbsenceCountView(lesson_);
 }
 
 void GXDateView::show() {
