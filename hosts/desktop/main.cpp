@@ -82,16 +82,17 @@ int giveWay(const InstallationLock& lock, const DesktopOptions& options) {
 int run(QGuiApplication& application, DesktopOptions options, bool visible) {
     const InstallationLock lock(options.facts.root);
     if (!lock.isHeld()) return giveWay(lock, options);
-    options.facts.textMeasure = std::make_shared<QtTextMeasure>();
+    HostServices services;
+    services.textMeasure = std::make_shared<QtTextMeasure>();
     if (options.drives) {
-        options.facts.composers = std::make_shared<Outbox>();
+        services.composers = std::make_shared<Outbox>();
     } else {
         options.facts.keyboardHeight = 0;  // the desktop has one of its own
-        options.facts.keyStore = std::make_shared<DesktopKeyStore>(options.facts.root);
-        options.facts.composers =
+        services.keyStore = std::make_shared<DesktopKeyStore>(options.facts.root);
+        services.composers =
             std::make_shared<DesktopComposers>(options.facts.temporaryDirectory());
     }
-    Device device(options.facts, options.clock);
+    Device device(options.facts, options.clock, services);
 
     QQmlEngine engine;
     ViewPainter painter(options.facts.resources / "images");

@@ -43,14 +43,15 @@ int main(int count, char** arguments) {
         return commandLine.exitCode;
     }
     gexlo::DriverOptions& options = *commandLine.options;
-    options.facts.textMeasure = std::make_shared<gexlo::QtTextMeasure>();
-    options.facts.composers = std::make_shared<gexlo::Outbox>();
     const gexlo::InstallationLock lock(options.facts.root);
     if (!lock.isHeld()) {
         std::fprintf(stderr, "%s\n", lock.refusal().c_str());
         return lock.isTaken() ? 1 : 2;
     }
-    gexlo::Device device(options.facts, options.clock);
+    gexlo::HostServices services;
+    services.textMeasure = std::make_shared<gexlo::QtTextMeasure>();
+    services.composers = std::make_shared<gexlo::Outbox>();
+    gexlo::Device device(options.facts, options.clock, services);
     gexlo::Driver driver(gexlo::screenshotCommands());
     std::ios::sync_with_stdio(false);
     for (;;) {

@@ -7,7 +7,7 @@
 namespace gexlo {
 
 Outbox* Outbox::current() {
-    return dynamic_cast<Outbox*>(Device::current().facts().composers.get());
+    return dynamic_cast<Outbox*>(Device::current().services().composers.get());
 }
 
 void Outbox::composeMail(Mail mail, std::function<void(MFMailComposeResult)> finished) {
