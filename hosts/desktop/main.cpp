@@ -19,7 +19,7 @@
 #include "hosts/desktop/services/desktop_composers.h"
 #include "hosts/desktop/services/desktop_key_store.h"
 #include "hosts/desktop/services/opened_url.h"
-#include "hosts/desktop/window_commands.h"
+#include "hosts/desktop/window_screenshot.h"
 #include "hosts/drawing/qt_text_measure.h"
 #include "hosts/headless/outbox.h"
 #include "platform/foundation/installation_lock.h"
@@ -84,13 +84,13 @@ int run(QGuiApplication& application, DesktopOptions options, bool visible) {
     if (!lock.isHeld()) return giveWay(lock, options);
     HostServices services;
     services.textMeasure = std::make_shared<QtTextMeasure>();
-    if (options.drives) {
-        services.composers = std::make_shared<Outbox>();
+    const auto outbox = options.drives ? std::make_shared<Outbox>() : nullptr;
+    if (outbox) {
+        services.composers = outbox;
     } else {
         options.facts.keyboardHeight = 0;  // the desktop has one of its own
         services.keyStore = std::make_shared<DesktopKeyStore>(options.facts.root);
-        services.composers =
-            std::make_shared<DesktopComposers>(options.facts.temporaryDirectory());
+        services.composers = std::make_shared<DesktopComposers>(options.facts.temporaryDirectory());
     }
     Device device(options.facts, options.clock, services);
 
@@ -99,7 +99,10 @@ int run(QGuiApplication& application, DesktopOptions options, bool visible) {
     PhoneWindow window(engine, painter);
 
     EventLoop loop;
-    Driver driver(windowCommands());
+    Driver driver(
+        {.outbox = outbox, .takeScreenshot = [&window](const DriverContext&, const auto& path) {
+             writeScreenshot(window, path);
+         }});
     std::unique_ptr<DriverInput> input;
     std::optional<DesktopSession> session;
     std::optional<ApplicationBar> bar;

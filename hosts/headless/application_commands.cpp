@@ -1,8 +1,7 @@
 // The platform's calls, and the clock.
 #include "app/app_delegate.h"
 #include "hosts/headless/driver_command.h"
-#include "platform/foundation/device.h"
-#include "platform/services/application.h"
+#include "hosts/headless/driver_context.h"
 
 namespace gexlo {
 
@@ -13,8 +12,8 @@ namespace {
 /// A century: no scenario needs more, and each midnight on the way is a turn.
 constexpr double kLongestAdvance = 100.0 * 366 * 86400;
 
-json launch(const json&) {
-    UIApplication& application = UIApplication::sharedApplication();
+json launch(const DriverContext& context, const json&) {
+    UIApplication& application = context.application;
     if (application.applicationState() != UIApplicationState::notRunning) {
         throw CommandError("the application was launched already");
     }
@@ -22,8 +21,8 @@ json launch(const json&) {
     return nothing();
 }
 
-json background(const json&) {
-    UIApplication& application = UIApplication::sharedApplication();
+json background(const DriverContext& context, const json&) {
+    UIApplication& application = context.application;
     if (application.applicationState() == UIApplicationState::background) {
         throw CommandError("the application is in the background already");
     }
@@ -31,8 +30,8 @@ json background(const json&) {
     return nothing();
 }
 
-json foreground(const json&) {
-    UIApplication& application = UIApplication::sharedApplication();
+json foreground(const DriverContext& context, const json&) {
+    UIApplication& application = context.application;
     if (application.applicationState() != UIApplicationState::background) {
         throw CommandError("the application is not in the background");
     }
@@ -40,12 +39,12 @@ json foreground(const json&) {
     return nothing();
 }
 
-json advance(const json& fields) {
+json advance(const DriverContext& context, const json& fields) {
     const double seconds = numberField(fields, "seconds");
     if (!(seconds >= 0 && seconds <= kLongestAdvance)) {
         throw CommandError("\"seconds\" lies outside 0 to a century");
     }
-    Device& device = Device::current();
+    Device& device = context.device;
     device.mainQueue().advanceTo(device.clock().now().dateByAddingTimeInterval(seconds));
     return nothing();
 }

@@ -10,10 +10,12 @@
 
 namespace gexlo {
 
+struct DriverContext;
+
 /// Answers with its own fields; throws a `CommandError` before it has changed anything.
 struct DriverCommand {
     std::string_view name;
-    nlohmann::json (*run)(const nlohmann::json& fields);
+    nlohmann::json (*run)(const DriverContext& context, const nlohmann::json& fields);
     bool needsLaunch = true;
 };
 

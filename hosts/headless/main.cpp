@@ -13,7 +13,7 @@
 #include "hosts/headless/driver_options.h"
 #include "hosts/headless/line_reader.h"
 #include "hosts/headless/outbox.h"
-#include "hosts/headless/screenshot_command.h"
+#include "hosts/headless/painted_screenshot.h"
 #include "platform/foundation/installation_lock.h"
 
 namespace {
@@ -50,9 +50,10 @@ int main(int count, char** arguments) {
     }
     gexlo::HostServices services;
     services.textMeasure = std::make_shared<gexlo::QtTextMeasure>();
-    services.composers = std::make_shared<gexlo::Outbox>();
+    const auto outbox = std::make_shared<gexlo::Outbox>();
+    services.composers = outbox;
     gexlo::Device device(options.facts, options.clock, services);
-    gexlo::Driver driver(gexlo::screenshotCommands());
+    gexlo::Driver driver({.outbox = outbox, .takeScreenshot = gexlo::paintScreenshot});
     std::ios::sync_with_stdio(false);
     for (;;) {
         runDueUntilInput(device);

@@ -121,14 +121,27 @@ TEST_F(Commands, rows_are_read_and_treated_where_they_stand) {
          ""},
         {row("select_row", R"("section":0,"row":2)"), "true", "select 0.2|"},
         {row("delete_row", R"("section":0,"row":1)"), "true", "delete 0.1|"},
+    });
+    UIWindow& window = UIWindow::keyWindow();
+    window.changesWereRead();
+    play({
         {row("select_row", R"("section":0,"row":3)"), "no such row"},
         {row("select_row", R"("section":2,"row":0)"), "no such row"},
         {row("move_row", R"("section":1,"row":9,"to":4)"), "cannot be moved"},
         {mark(in(1, 19) + R"(,"index":1)"), "not as many"},
         {mark(in(0, 7)), "no such row"},
+        {row("delete_row", R"("section":1,"row":0)"), "cannot be deleted"},
         {R"({"cmd":"set","id":"mark","value":1,)" + in(1, 19) + "}", "no value"},
+        {R"({"cmd":"find","id":"mark",)" + in(1, 19) + "}", R"("views":[])"},
+        {R"({"cmd":"find","id":"mark","all":true,)" + in(1, 19) + "}",
+         R"("frame":[100.0,1098.0,40.0,40.0])"},
     });
-    EXPECT_EQ(table.contentOffset(), (CGPoint{0, 0})) << "of what was refused nothing stays";
+    EXPECT_FALSE(window.hasChanged() || window.hasChangedBelow())
+        << "what is refused or only looks changes nothing";
+    UIAlert::notice("", "Message", "OK").show();
+    play({{mark(in(1, 19)), R"("hit":null)"}});
+    EXPECT_EQ(table.contentOffset(), (CGPoint{0, 0})) << "no finger scrolls under an alert";
+    window.answer(0);
     play({
         {mark(R"("within":"rows","index":2)"), R"("hit":"mark")", "mark 0.2|"},
         {mark(R"("within":"rows","index":9)"), "not as many"},
