@@ -37,7 +37,8 @@ json run(std::string_view line, const DriverHost& host) {
     }
     Device& device = context.device;
     if (!device.clock().stands()) device.mainQueue().runDue();
-    const std::scoped_lock held(device.lock());
+    std::unique_lock held(device.lock(), std::defer_lock);
+    if (command->holdsDevice) held.lock();
     return command->run(context, fields);
 }
 

@@ -17,6 +17,8 @@ struct DriverCommand {
     std::string_view name;
     nlohmann::json (*run)(const DriverContext& context, const nlohmann::json& fields);
     bool needsLaunch = true;
+    /// Off for one that waits: other threads may need the device for what it waits for.
+    bool holdsDevice = true;
 };
 
 /// What is wrong with a command, for its answer.

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
+#include <thread>
 
 #include "hosts/headless/driver.h"
 #include "platform/foundation/string_format.h"
@@ -262,6 +263,36 @@ TEST_F(Commands, an_alarm_is_delivered_once_or_again_each_week) {
           {R"({"cmd":"deliver","rung":0,"active":true})", "true"},
           {R"({"cmd":"alert"})", R"("message":"weekly")"}});
     EXPECT_EQ(standing(), "weekly ");
+}
+
+TEST_F(Commands, settling_runs_the_replies_to_what_is_under_way_and_to_what_follows) {
+    PendingRequests& requests = Device::current().requests();
+    std::string replies;
+    std::vector<std::thread> service;
+    const auto ask = [&](const std::function<void()>& reply) {
+        service.emplace_back([request = requests.begin(60, reply)]() mutable {
+            std::this_thread::yield();
+            request.finish({});
+        });
+    };
+    ask([&] {
+        replies += "first ";
+        ask([&] { replies += "next "; });
+    });
+    play({{R"({"cmd":"advance","seconds":1})", "true"}, {R"({"cmd":"tree"})", "true"}});
+    EXPECT_EQ(replies, "") << "they run nowhere else";
+    play({{R"({"cmd":"settle","timeout":60})",
+           R"("completed":2,"ok":true,"pending":0,"timedOut":0)"}});
+    for (std::thread& thread : service)
+        thread.join();
+    auto lost = requests.begin(60, [&] { replies += "late"; });
+    play(
+        {{R"({"cmd":"settle","timeout":"1"})", "no number"},
+         {R"({"cmd":"settle","timeout":0})", R"("completed":0,"ok":true,"pending":1,"timedOut":0)"},
+         {R"({"cmd":"advance","seconds":60})", "true"},
+         {R"({"cmd":"settle"})", R"("completed":0,"ok":true,"pending":0,"timedOut":1)"}});
+    lost.finish({});
+    EXPECT_EQ(replies, "first next late");
 }
 
 TEST_F(Commands, views_are_found_by_all_that_is_asked) {

@@ -39,6 +39,7 @@ Device::Device(DeviceFacts facts, Clock clock, HostServices services)
 Device::~Device() {
     const std::scoped_lock guard(lock_);
     mainQueue_.cancelAll();
+    requests_.cancelAll();
     isEnding_ = true;
     while (!singletons_.empty())
         singletons_.pop_back();

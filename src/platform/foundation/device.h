@@ -13,6 +13,7 @@
 #include "platform/foundation/clock.h"
 #include "platform/foundation/log.h"
 #include "platform/foundation/main_queue.h"
+#include "platform/foundation/pending_requests.h"
 
 namespace gexlo {
 
@@ -79,6 +80,7 @@ public:
     Clock& clock() { return clock_; }
     Log& log() { return log_; }
     MainQueue& mainQueue() { return mainQueue_; }
+    PendingRequests& requests() { return requests_; }
 
     /// Held by every turn of the main queue. Whoever calls the system from another
     /// thread, as the watch session does, holds it for the length of that call.
@@ -108,6 +110,7 @@ private:
     std::vector<Singleton> singletons_;
     bool isEnding_ = false;
     MainQueue mainQueue_;
+    PendingRequests requests_{mainQueue_};
 };
 
 template <typename T>
