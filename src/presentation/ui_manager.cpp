@@ -66,7 +66,7 @@ void GXUIManager::openEditLessonView(GXLessonData* lesson) {
     resetSelectedCells();
     if (mainView_) mainView_->openEditMode(*lesson);
     NSNotificationCenter::defaultCenter().postNotificationName(GX_NOTI_BEGIN_EDIT_LESSON,
-                                                               {{user_info::kLessonData, lesson}});
+                                                               {user_info::kLessonData(lesson)});
     revealFirstSlot(selectedCells_);
 }
 
