@@ -17,8 +17,8 @@
 int main(int count, char** arguments) {
     gexlo::DriverCommandLine commandLine = gexlo::parseDriverCommandLine(count, arguments);
     if (!commandLine.options) {
-        std::fputs(commandLine.text.c_str(), commandLine.exitCode == 0 ? stdout : stderr);
-        return commandLine.exitCode;
+        std::fputs(commandLine.end.text.c_str(), commandLine.end.exitCode == 0 ? stdout : stderr);
+        return commandLine.end.exitCode;
     }
     gexlo::DriverOptions& options = *commandLine.options;
     const gexlo::InstallationLock lock(options.facts.root);
