@@ -79,7 +79,7 @@ void GXUIManager::openEditLessonView(GXLessonData* lesson) {
     resetSelectedCells();
     ask(&LessonFlow::openEditMode, *lesson);
     NSNotificationCenter::defaultCenter().postNotificationName(GX_NOTI_BEGIN_EDIT_LESSON,
-                                                               {{user_info::kLessonData, lesson}});
+                                                               {user_info::kLessonData(lesson)});
     revealFirstSlot(selectedCells_);
 }
 

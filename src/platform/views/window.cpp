@@ -1,7 +1,6 @@
 #include "platform/views/window.h"
 
 #include "platform/foundation/device.h"
-#include "platform/foundation/notification_center.h"
 #include "platform/views/screen.h"
 #include "platform/views/text_input.h"
 #include "platform/views/view_controller.h"
@@ -135,7 +134,7 @@ void UIWindow::setFirstResponder(UITextInput* input) {
     if (height == 0 || this != &keyWindow()) {
         // A device with keys of its own shows none, and an alert's fields move nothing.
     } else if (!former && input) {
-        center.postNotificationName(kKeyboardWillShowNotification, {{"height", height}});
+        center.postNotificationName(kKeyboardWillShowNotification, {kKeyboardHeight(height)});
     } else if (former && !input) {
         center.postNotificationName(kKeyboardWillHideNotification);
     }

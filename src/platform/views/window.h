@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/foundation/notification_center.h"
 #include "platform/views/alert.h"
 #include "platform/views/view.h"
 
@@ -14,10 +15,10 @@ namespace gexlo {
 class UITextInput;
 class UIViewController;
 
-/// Posted on the default centre when the keyboard comes, with its height in points under
-/// "height", and when it goes.
+/// Posted on the default centre when the keyboard comes, with its height, and when it goes.
 inline constexpr const char* kKeyboardWillShowNotification = "UIKeyboardWillShowNotification";
 inline constexpr const char* kKeyboardWillHideNotification = "UIKeyboardWillHideNotification";
+inline constexpr UserInfoKey<double> kKeyboardHeight{"height"};  ///< points
 
 /// As large as the screen.
 class UIWindow final : public UIView {

@@ -94,8 +94,7 @@ void GXDateView::observe() {
         tokens_.push_back(center.addObserver(name, [this](const auto&) { openDateView(); }));
     }
     tokens_.push_back(center.addObserver(GX_NOTI_LESSON_INFO_OPEN, [this](const auto& note) {
-        openAbsenceView(
-            std::any_cast<GXLessonData*>(note.userInfo.find(user_info::kLessonData)->second));
+        if (const auto lesson = note.value(user_info::kLessonData)) openAbsenceView(*lesson);
     }));
     tokens_.push_back(
         center.addObserver(kSignificantTimeChangeNotification, [this](const auto&) { setDate(); }));

@@ -276,7 +276,7 @@ void SubjectListView::remove(GXLessonData& lesson) {
     if (lesson.isDeleted() || !timetable) return;
     // The grid hears of it while the subject still exists.
     NSNotificationCenter::defaultCenter().postNotificationName(GX_NOTI_REMOVE_LESSON,
-                                                               {{user_info::kLessonData, &lesson}});
+                                                               {user_info::kLessonData(&lesson)});
     manager.removeLesson_inTimetable(lesson, *timetable);
     table_->drop(lesson);
     manager.dataUpdateNoUp();
