@@ -1,4 +1,6 @@
 // The keyboard, and controls that are moved to a value.
+#include <functional>
+
 #include "hosts/headless/driver_command.h"
 #include "hosts/headless/view_search.h"
 #include "platform/foundation/device.h"
@@ -97,19 +99,49 @@ json returnKey(const json& fields) {
     return {{"text", field.text()}};
 }
 
-json set(const json& fields) {
-    UIView& view = theView(fields);
-    auto* slider = dynamic_cast<UISlider*>(&view);
-    if (!slider) throw CommandError("that view has no value to set");
-    const double value = numberField(fields, "value");
-    if (!slider->isEnabled() || !UIWindow::keyWindow().canReach(view)) {
-        throw CommandError("that view cannot be reached");
+/// Moves what has a value as a finger would.
+class ValueSetter final : public MutableViewVisitor {
+public:
+    explicit ValueSetter(const json& fields) : fields_(fields) {}
+    /// Of the command.
+    json answer;
+
+    void visit(UIView&) override { refuse(); }
+    void visit(UILabel&) override { refuse(); }
+    void visit(UIImageView&) override { refuse(); }
+    void visit(UIActivityIndicatorView&) override { refuse(); }
+    void visit(UIScrollView&) override { refuse(); }
+    void visit(UITableView&) override { refuse(); }
+    void visit(UITableViewCell&) override { refuse(); }
+    void visit(UIControl&) override { refuse(); }
+    void visit(UIButton&) override { refuse(); }
+    void visit(UISlider& slider) override {
+        const double value = numberField(fields_, "value");
+        move(slider, [&] { slider.setValue(static_cast<float>(value)); });
+        answer = {{"value", slider.value()}};
     }
-    Device::current().perform([&] {
-        slider->setValue(static_cast<float>(value));
-        slider->sendActions(UIControlEvent::valueChanged);
-    });
-    return {{"value", slider->value()}};
+    void visit(UITextField&) override { refuse(); }
+    void visit(UITextView&) override { refuse(); }
+
+private:
+    [[noreturn]] static void refuse() { throw CommandError("that view has no value to set"); }
+    static void move(UIControl& control, const std::function<void()>& change) {
+        if (!control.isEnabled() || !UIWindow::keyWindow().canReach(control)) {
+            throw CommandError("that view cannot be reached");
+        }
+        Device::current().perform([&] {
+            change();
+            control.sendActions(UIControlEvent::valueChanged);
+        });
+    }
+
+    const json& fields_;
+};
+
+json set(const json& fields) {
+    ValueSetter setter(fields);
+    theView(fields).accept(setter);
+    return setter.answer;
 }
 
 }  // namespace
