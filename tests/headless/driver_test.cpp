@@ -162,14 +162,13 @@ TEST_F(DriverProgram, a_fatal_end_prints_its_line_and_writes_no_answer) {
 }
 
 TEST(DriverOptions, tell_the_device_what_it_is) {
-    const char* arguments[] = {"gexlo-headless", "--data",     "/tmp/x",
-                               "--screen",       "320x480",    "--languages",
-                               "ja,zh-Hant",     "--now",      "2026-03-02T08:00:00",
-                               "--time-zone",    "Asia/Seoul", "--no-watch"};
+    const char* arguments[] = {
+        "",           "--data",   "kept",    "--now",     "2026-03-02T08:00:00", "--time-zone",
+        "Asia/Seoul", "--screen", "320x480", "--no-watch"};
     const DriverCommandLine line = parseDriverCommandLine(std::size(arguments), arguments);
     ASSERT_TRUE(line.options) << line.text;
+    EXPECT_EQ(line.options->facts.root, std::filesystem::current_path() / "kept");
     EXPECT_EQ(line.options->facts.screenHeight, 480);
-    EXPECT_EQ(line.options->facts.languages, (std::vector<std::string>{"ja", "zh-Hant"}));
     EXPECT_EQ(line.options->clock.now().timeIntervalSince1970(), Phone::kStart);
     EXPECT_FALSE(line.options->facts.watchSupported);
 }
