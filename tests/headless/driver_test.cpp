@@ -166,7 +166,7 @@ TEST(DriverOptions, tell_the_device_what_it_is) {
         "",           "--data",   "kept",    "--now",     "2026-03-02T08:00:00", "--time-zone",
         "Asia/Seoul", "--screen", "320x480", "--no-watch"};
     const DriverCommandLine line = parseDriverCommandLine(std::size(arguments), arguments);
-    ASSERT_TRUE(line.options) << line.text;
+    ASSERT_TRUE(line.options) << line.end.text;
     EXPECT_EQ(line.options->facts.root, std::filesystem::current_path() / "kept");
     EXPECT_EQ(line.options->facts.screenHeight, 480);
     EXPECT_EQ(line.options->clock.now().timeIntervalSince1970(), Phone::kStart);
