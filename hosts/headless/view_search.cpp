@@ -148,7 +148,7 @@ UIView& ViewSearch::theView() const {
 
 bool ViewSearch::bringIntoSight() {
     if (!row_) return true;
-    if (!context_.window().canReach(*row_->table)) return false;
+    if (!context_.window().canReach(*row_->table)) return !stage_;
     scrollToRow(context_, *row_->table, row_->path);
     stage_.reset();
     lookInRow();

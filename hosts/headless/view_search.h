@@ -45,8 +45,9 @@ public:
         return *view;
     }
 
-    /// Scrolls the row that was looked in, if any, to where all of it is seen. False, and nothing
-    /// scrolls, where a finger cannot get at the table. What was found is to be asked for anew.
+    /// Scrolls the row that was looked in, if any, to where all of it is seen; nothing scrolls
+    /// where a finger cannot get at the table. False for a row that stays out of sight. What was
+    /// found is to be asked for anew.
     bool bringIntoSight();
     /// The same, and throws, with nothing scrolled, where no finger reaches the view even then.
     void bringWithinReach();

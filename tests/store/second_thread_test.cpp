@@ -46,8 +46,7 @@ TEST_F(SecondThread, reads_whole_timetables_while_the_main_queue_changes_them) {
     EXPECT_GT(readings, 0);
 }
 
-TEST(SecondThread, wakes_the_main_one_for_the_work_that_it_queues) {
-    Phone phone;
+TEST_F(SecondThread, wakes_the_main_one_for_the_work_that_it_queues) {
     MainQueue& queue = Device::current().mainQueue();
     std::counting_semaphore<> woken(0);
     queue.setWake([&] { woken.release(); });
@@ -70,10 +69,10 @@ TEST(SecondThread, wakes_the_main_one_for_the_work_that_it_queues) {
     EXPECT_FALSE(woken.try_acquire()) << "a turn runs its own";
     queue.async(work);
     EXPECT_TRUE(woken.try_acquire());
+    queue.setWake({});
 }
 
-TEST(SecondThread, ends_requests_whose_replies_run_once_on_the_main_one_or_never) {
-    Phone phone;
+TEST_F(SecondThread, ends_requests_whose_replies_run_once_on_the_main_one_or_never) {
     PendingRequests& requests = Device::current().requests();
     const auto main = std::this_thread::get_id();
     std::string replies;

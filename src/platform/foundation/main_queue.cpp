@@ -68,6 +68,7 @@ void MainQueue::runQueued() {
 void MainQueue::setWake(Work wake) {
     const std::scoped_lock guard(mutex_);
     wake_ = std::move(wake);
+    if (!queued_.empty()) wakeHost();
 }
 
 /// Under the mutex.
