@@ -35,8 +35,9 @@ Target targetOf(const DriverContext& context, const json& fields) {
         return {{coordinate(fields, "x"), coordinate(fields, "y")}};
     }
     ViewSearch search(context, fields);
+    search.theView();  // is there, before anything is scrolled for it
     // In a row that no finger could scroll to, nothing is touched.
-    if (!search.bringIntoSight()) return {{-kFarthest, -kFarthest}, &search.theView()};
+    if (!search.bringIntoSight()) return {{-kFarthest, -kFarthest}};
     const UIView& view = search.theView();
     return {isVisible(view) ? view.visibleRect().center() : view.frameInWindow().center(), &view};
 }
@@ -63,7 +64,8 @@ json tree(const DriverContext& context, const json& fields) {
 json find(const DriverContext& context, const json& fields) {
     json views = json::array();
     const bool all = flagField(fields, "all", false);
-    for (UIView* view : ViewSearch(context, fields).views(all))
+    const ViewSearch search(context, fields);  // keeps what it has found
+    for (UIView* view : search.views(all))
         views.push_back(jsonFromView(*view));
     return {{"views", std::move(views)}};
 }

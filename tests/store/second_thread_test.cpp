@@ -69,6 +69,7 @@ TEST_F(SecondThread, wakes_the_main_one_for_the_work_that_it_queues) {
     EXPECT_FALSE(woken.try_acquire()) << "a turn runs its own";
     queue.async(work);
     EXPECT_TRUE(woken.try_acquire());
+    queue.runQueued();
     queue.setWake({});
 }
 
