@@ -92,11 +92,12 @@ std::shared_ptr<UIView> GXAppDelegate::showWindow() {
     mainView_ = &Device::current().singleton<GXMainView>();
     const GXUIManager& manager = GXUIManager::manager();
     mainView_->view()->setFrame({0, 0, manager.screenWidth(), manager.screenHeight()});
-    window.addSubview(mainView_->view());
+    window.setRootViewController(*mainView_);
     auto splash = std::make_shared<UIImageView>(window.bounds());
     splash->setAccessibilityIdentifier("splash");
     splash->setImage(UIImage::imageNamed(manager.isTallerScreen() ? "Default-568h" : "Default"));
     window.addSubview(splash);
+    window.makeKeyAndVisible();
     return splash;
 }
 

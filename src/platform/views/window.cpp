@@ -114,13 +114,15 @@ void UIWindow::setCovered(bool covered) {
     isCovered_ = covered;
 }
 
-void UIWindow::setRootViewController(std::shared_ptr<UIViewController> controller) {
-    root_ = std::move(controller);
-    insertSubview_atIndex(root_->view(), 0);
+void UIWindow::setRootViewController(UIViewController& controller) {
+    root_ = controller.weak_from_this();
+    insertSubview_atIndex(controller.view(), 0);
 }
 
 void UIWindow::makeKeyAndVisible() {
-    UIViewController::endAppearance(root_->beginAppearance(true, false), false);
+    if (const auto root = root_.lock()) {
+        UIViewController::endAppearance(root->beginAppearance(true, false), false);
+    }
 }
 
 void UIWindow::setFirstResponder(UITextInput* input) {

@@ -70,9 +70,9 @@ public:
 
     // MARK: screens
 
-    /// The screen below all others.
-    UIViewController* rootViewController() const { return root_.get(); }
-    void setRootViewController(std::shared_ptr<UIViewController> controller);
+    /// The screen below all others, or null. Whoever made it holds it.
+    std::shared_ptr<UIViewController> rootViewController() const { return root_.lock(); }
+    void setRootViewController(UIViewController& controller);
     /// Tells the root screen that it appears.
     void makeKeyAndVisible();
 
@@ -96,7 +96,7 @@ private:
     // The touched view and all above it: any of them may be removed by what the touch does.
     std::vector<std::shared_ptr<UIView>> path_;
     std::shared_ptr<UITextInput> firstResponder_;
-    std::shared_ptr<UIViewController> root_;
+    std::weak_ptr<UIViewController> root_;
 };
 
 }  // namespace gexlo
