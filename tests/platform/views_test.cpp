@@ -172,6 +172,52 @@ TEST_F(Views, a_field_asks_before_it_changes_and_the_keyboard_follows_the_focus)
     EXPECT_EQ(window.firstResponder(), nullptr);
 }
 
+/// Acts when a field is left, and writes down what it was told.
+class Restless final : public UITextInputDelegate {
+public:
+    void didBeginEditing(UITextInput& field) override { told += field.placeholder() + "+"; }
+    void didEndEditing(UITextInput& field) override {
+        told += field.placeholder() + "-";
+        if (const auto act = std::exchange(whenLeft, {})) act();
+    }
+    std::string told;
+    std::function<void()> whenLeft;
+};
+
+class Fields : public Views {
+protected:
+    UITextField& addField(UIView& parent, const char* name) {
+        UITextField& field = parent.add<UITextField>(CGRect{0, 0, 100, 40});
+        field.setPlaceholder(name);
+        field.setDelegate(delegate);
+        return field;
+    }
+    std::shared_ptr<Restless> delegate = std::make_shared<Restless>();
+};
+
+TEST_F(Fields, a_focus_that_is_moved_meanwhile_tells_each_field_in_turn) {
+    std::string keyboard;
+    NSNotificationCenter& center = NSNotificationCenter::defaultCenter();
+    const auto shown =
+        center.addObserver(kKeyboardWillShowNotification, [&](const auto&) { keyboard += '+'; });
+    const auto hidden =
+        center.addObserver(kKeyboardWillHideNotification, [&](const auto&) { keyboard += '-'; });
+    UITextField& a = addField(window, "a");
+    UITextField& b = addField(window, "b");
+    UITextField& c = addField(window, "c");
+    a.becomeFirstResponder();
+    delegate->whenLeft = [&] { c.becomeFirstResponder(); };
+    b.becomeFirstResponder();
+    EXPECT_EQ(delegate->told, "a+a-c+") << "b never had it";
+    EXPECT_EQ(window.firstResponder(), &c);
+    delegate->whenLeft = [&] { a.becomeFirstResponder(); };
+    c.resignFirstResponder();
+    EXPECT_EQ(delegate->told, "a+a-c+c-a+");
+    EXPECT_EQ(keyboard, "+") << "it stays from field to field";
+    a.resignFirstResponder();
+    EXPECT_EQ(keyboard, "+-");
+}
+
 TEST_F(Views, a_drag_comes_to_rest_within_the_content_and_at_a_page) {
     UIScrollView& scroll = window.add<UIScrollView>(CGRect{0, 0, 100, 100});
     scroll.setContentSize({310, 100});

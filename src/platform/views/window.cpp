@@ -1,5 +1,7 @@
 #include "platform/views/window.h"
 
+#include <utility>
+
 #include "platform/foundation/device.h"
 #include "platform/foundation/notification_center.h"
 #include "platform/views/screen.h"
@@ -116,20 +118,29 @@ void UIWindow::setCovered(bool covered) {
 
 void UIWindow::setFirstResponder(UITextInput* input) {
     if (input == firstResponder_.get()) return;
-    const auto former = std::move(firstResponder_);
-    firstResponder_ =
+    const auto next =
         input ? std::static_pointer_cast<UITextInput>(input->shared_from_this()) : nullptr;
-    if (former) former->focusChanged(false);
-    NSNotificationCenter& center = NSNotificationCenter::defaultCenter();
+    const auto former = std::exchange(firstResponder_, next);
+    // Whoever is told may move the focus on; what comes after it here is then out of date.
+    const bool hadBegun = std::exchange(hasBegun_, false);
+    if (hadBegun) former->focusChanged(false);
+    if (firstResponder_ == next) showKeyboard(next != nullptr);
+    if (!next || firstResponder_ != next || hasBegun_) return;
+    hasBegun_ = true;
+    next->focusChanged(true);
+}
+
+/// A device with keys of its own shows none, and an alert's fields move nothing.
+void UIWindow::showKeyboard(bool shown) {
     const double height = Device::current().facts().keyboardHeight;
-    if (height == 0 || this != &keyWindow()) {
-        // A device with keys of its own shows none, and an alert's fields move nothing.
-    } else if (!former && input) {
+    if (height == 0 || this != &keyWindow() || shown == hasKeyboard_) return;
+    hasKeyboard_ = shown;
+    NSNotificationCenter& center = NSNotificationCenter::defaultCenter();
+    if (shown) {
         center.postNotificationName(kKeyboardWillShowNotification, {{"height", height}});
-    } else if (former && !input) {
+    } else {
         center.postNotificationName(kKeyboardWillHideNotification);
     }
-    if (input) input->focusChanged(true);
 }
 
 void UIWindow::viewWillLeave(UIView& view) {

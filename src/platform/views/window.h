@@ -69,7 +69,7 @@ public:
     /// What the keyboard writes to, or null.
     UITextInput* firstResponder() const { return firstResponder_.get(); }
     /// Gives the focus, or with null takes it away; the keyboard follows. The one that had it
-    /// is told first.
+    /// is told first, and one that it moves on to takes the place of this one.
     void setFirstResponder(UITextInput* input);
 
     /// For a view that is about to leave the window with all under it.
@@ -77,6 +77,7 @@ public:
 
 private:
     void beginTouch(UIView& hit, CGPoint point);
+    void showKeyboard(bool shown);
 
     std::vector<UIAlert> alerts_;
     unsigned alertNumber_ = 0;
@@ -84,6 +85,8 @@ private:
     // The touched view and all above it: any of them may be removed by what the touch does.
     std::vector<std::shared_ptr<UIView>> path_;
     std::shared_ptr<UITextInput> firstResponder_;
+    bool hasBegun_ = false;  // whether the first responder has been told so
+    bool hasKeyboard_ = false;
 };
 
 }  // namespace gexlo
