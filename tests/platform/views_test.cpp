@@ -218,6 +218,21 @@ TEST_F(Fields, a_focus_that_is_moved_meanwhile_tells_each_field_in_turn) {
     EXPECT_EQ(keyboard, "+-");
 }
 
+TEST_F(Fields, what_is_removed_has_left_before_anybody_hears_of_it) {
+    UIView& panel = window.add<UIView>(CGRect{0, 0, 100, 100});
+    UITextField& first = addField(panel, "first");
+    UITextField& second = addField(panel, "second");
+    first.becomeFirstResponder();
+    delegate->whenLeft = [&] {
+        EXPECT_EQ(panel.subviews().size(), 0U);
+        second.removeFromSuperview();
+        panel.removeFromSuperview();
+    };
+    panel.removeAllSubviews();
+    EXPECT_EQ(delegate->told, "first+first-");
+    EXPECT_EQ(window.subviews().size(), 0U);
+}
+
 TEST_F(Views, a_drag_comes_to_rest_within_the_content_and_at_a_page) {
     UIScrollView& scroll = window.add<UIScrollView>(CGRect{0, 0, 100, 100});
     scroll.setContentSize({310, 100});
@@ -296,6 +311,38 @@ TEST_F(Views, a_table_makes_only_the_rows_in_sight) {
     EXPECT_EQ(table.contentOffset().y, 999 * 44.0 - 440);
     EXPECT_FALSE(table.requestDelete({0, 999}));
     EXPECT_FALSE(table.dragRow({0, 0}, {0, 1})) << "not while it is not edited";
+}
+
+/// Rows with a field each, and a table that is asked anew when one is left.
+class Entries final : public UITableViewDataSource,
+                      public UITextInputDelegate,
+                      public std::enable_shared_from_this<Entries> {
+public:
+    NSInteger numberOfRowsInSection(UITableView&, NSInteger) override { return rows; }
+    std::shared_ptr<UITableViewCell> cellForRow(UITableView&, NSIndexPath) override {
+        auto cell = std::make_shared<UITableViewCell>();
+        cell->contentView().add<UITextField>().setDelegate(weak_from_this());
+        return cell;
+    }
+    void didEndEditing(UITextInput&) override {
+        rows = 5;
+        table->reloadData();
+    }
+    UITableView* table = nullptr;
+    NSInteger rows = 100;
+};
+
+TEST_F(Views, a_table_is_filled_anew_by_the_field_that_scrolls_out_of_its_sight) {
+    UITableView& table = window.add<UITableView>(CGRect{0, 0, 300, 440});
+    const auto entries = std::make_shared<Entries>();
+    entries->table = &table;
+    table.setDataSource(entries);
+    table.reloadData();
+    UIView& content = table.cellForRow({0, 0})->contentView();
+    EXPECT_TRUE(static_cast<UITextField&>(*content.subviews()[0]).becomeFirstResponder());
+    table.dragTo({0, 2000});
+    EXPECT_EQ(table.subviews().size(), 5U);
+    EXPECT_EQ(table.contentOffset().y, 0);
 }
 
 TEST_F(Views, a_change_is_marked_up_to_the_window_wherever_a_host_has_stopped_reading) {

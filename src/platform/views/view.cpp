@@ -28,7 +28,9 @@ void UIView::addSubview(std::shared_ptr<UIView> view) {
 }
 
 void UIView::insertSubview_atIndex(std::shared_ptr<UIView> view, std::size_t index) {
-    if (view->superview_) view->removeFromSuperview();
+    // Who hears of its leaving may have put it elsewhere.
+    while (view->superview_)
+        view->removeFromSuperview();
     view->superview_ = this;
     subviews_.insert(
         subviews_.begin() + static_cast<std::ptrdiff_t>(std::min(index, subviews_.size())),
@@ -37,30 +39,34 @@ void UIView::insertSubview_atIndex(std::shared_ptr<UIView> view, std::size_t ind
     changedBelow_ = true;
 }
 
+/// Those who hear of it may change the tree: a touch is told while the view can pass it on to
+/// those above it, all else once it has gone.
 void UIView::removeFromSuperview() {
     if (!superview_) return;
-    if (UIWindow* window = this->window()) window->viewWillLeave(*this);
-    UIView& parent = *superview_;
-    superview_ = nullptr;
+    const std::shared_ptr<UIView> self = shared_from_this();
+    const std::shared_ptr<UIWindow> window = heldWindow();
+    if (window && window->touched() && window->touched()->isDescendantOf(*this))
+        window->touchCancel();
+    if (!superview_) return;
+    UIView& parent = *std::exchange(superview_, nullptr);
+    std::erase(parent.subviews_, self);
     parent.markChanged();
-    const auto found =
-        std::find_if(parent.subviews_.begin(), parent.subviews_.end(),
-                     [this](const std::shared_ptr<UIView>& view) { return view.get() == this; });
-    // The view may end with its last holder, so nothing of it is touched from here on.
-    const std::shared_ptr<UIView> self = std::move(*found);
-    parent.subviews_.erase(found);
+    if (window) window->viewDidLeave(*this);
 }
 
 void UIView::removeAllSubviews() {
     if (subviews_.empty()) return;
-    UIWindow* window = this->window();
+    const std::shared_ptr<UIWindow> window = heldWindow();
+    const UIView* touched = window ? window->touched() : nullptr;
+    if (touched && touched != this && touched->isDescendantOf(*this)) window->touchCancel();
     std::vector<std::shared_ptr<UIView>> former;
     former.swap(subviews_);
-    for (const auto& view : former) {
-        if (window) window->viewWillLeave(*view);
+    for (const auto& view : former)
         view->superview_ = nullptr;
-    }
     markChanged();
+    if (!window) return;
+    for (const auto& view : former)
+        window->viewDidLeave(*view);
 }
 
 void UIView::bringSubviewToFront(UIView& view) {
@@ -76,6 +82,11 @@ UIWindow* UIView::window() {
     while (top->superview_)
         top = top->superview_;
     return dynamic_cast<UIWindow*>(top);
+}
+
+std::shared_ptr<UIWindow> UIView::heldWindow() {
+    UIWindow* window = this->window();
+    return window ? std::static_pointer_cast<UIWindow>(window->shared_from_this()) : nullptr;
 }
 
 bool UIView::isDescendantOf(const UIView& other) const {

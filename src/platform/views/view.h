@@ -155,6 +155,8 @@ protected:
     void markChanged();
 
 private:
+    std::shared_ptr<UIWindow> heldWindow();
+
     CGRect frame_;
     UIView* superview_ = nullptr;  // who shares this view
     std::vector<std::shared_ptr<UIView>> subviews_;

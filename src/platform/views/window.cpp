@@ -143,9 +143,9 @@ void UIWindow::showKeyboard(bool shown) {
     }
 }
 
-void UIWindow::viewWillLeave(UIView& view) {
+void UIWindow::viewDidLeave(const UIView& view) {
+    if (view.isDescendantOf(*this)) return;
     if (firstResponder_ && firstResponder_->isDescendantOf(view)) setFirstResponder(nullptr);
-    if (touched() && touched()->isDescendantOf(view)) touchCancel();
     dropAlertsOf(view);
 }
 

@@ -72,8 +72,8 @@ public:
     /// is told first, and one that it moves on to takes the place of this one.
     void setFirstResponder(UITextInput* input);
 
-    /// For a view that is about to leave the window with all under it.
-    void viewWillLeave(UIView& view);
+    /// For a view that has left the window with all under it, unless it is back by now.
+    void viewDidLeave(const UIView& view);
 
 private:
     void beginTouch(UIView& hit, CGPoint point);
