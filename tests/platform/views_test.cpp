@@ -180,7 +180,12 @@ public:
         told += field.placeholder() + "-";
         if (const auto act = std::exchange(whenLeft, {})) act();
     }
+    bool shouldChange(UITextInput& field, std::size_t, std::size_t, std::string_view) override {
+        field.setText(instead);
+        return true;
+    }
     std::string told;
+    std::string instead;
     std::function<void()> whenLeft;
 };
 
@@ -231,6 +236,21 @@ TEST_F(Fields, what_is_removed_has_left_before_anybody_hears_of_it) {
     panel.removeAllSubviews();
     EXPECT_EQ(delegate->told, "first+first-");
     EXPECT_EQ(window.subviews().size(), 0U);
+}
+
+TEST_F(Fields, a_text_that_the_delegate_sets_itself_takes_in_what_it_lets_in) {
+    UITextField& field = addField(window, "");
+    field.setText("a long text");
+    delegate->instead = "수";
+    EXPECT_TRUE(field.insertText("!"));
+    EXPECT_EQ(field.text(), "수!");
+    field.setText("ab");
+    EXPECT_TRUE(field.replaceAll("ax"));
+    EXPECT_EQ(field.text(), "x수") << "no character is cut in two";
+    field.setText("a long text");
+    delegate->instead = "";
+    EXPECT_TRUE(field.replaceAll("a long"));
+    EXPECT_EQ(field.text(), "");
 }
 
 TEST_F(Views, a_drag_comes_to_rest_within_the_content_and_at_a_page) {
