@@ -70,7 +70,7 @@ json tap(const json& fields) {
     json hit;
     Device::current().perform([&] {
         UIWindow& window = UIWindow::keyWindow();
-        hit = hitOf(window.touchDown(target.point), target);
+        hit = hitOf(window.touchDown(target.point).get(), target);
         window.touchUp(target.point);
     });
     return {{"hit", hit}};
@@ -83,9 +83,9 @@ json touch(const json& fields) {
     if (phase == "down" || phase == "up") {
         const Target target = targetOf(fields);
         Device::current().perform([&] {
-            const UIView* view =
+            const auto view =
                 phase == "down" ? window.touchDown(target.point) : window.touchUp(target.point);
-            hit = hitOf(view, target);
+            hit = hitOf(view.get(), target);
         });
     } else if (phase == "cancel") {
         Device::current().perform([&] { window.touchCancel(); });

@@ -69,9 +69,15 @@ TEST_F(Views, what_a_touch_removes_is_told_and_lives_to_its_end) {
         events += weak.expired() ? '!' : 'r';
     });
     window.touchDown({10, 10});
-    window.touchUp({10, 10});
+    EXPECT_EQ(window.touchUp({10, 10})->frame(), (CGRect{0, 0, 50, 50}));
     EXPECT_EQ(events, "dur");
     EXPECT_TRUE(weak.expired());
+    UIView& next = window.add<UIView>(CGRect{0, 0, 100, 100});
+    addButton(next, {0, 0, 50, 50}).addAction(UIControlEvent::touchDown, [&] {
+        next.removeFromSuperview();
+    });
+    EXPECT_EQ(window.touchDown({10, 10})->frame(), (CGRect{0, 0, 50, 50}));
+    EXPECT_EQ(events, "durdc");
 }
 
 TEST_F(Views, an_alert_holds_touches_back_and_answers_once) {

@@ -24,18 +24,19 @@ UIWindow& UIWindow::keyWindow() {
     return *Device::current().singleton<KeyWindow>().window;
 }
 
-UIView* UIWindow::touchDown(CGPoint point) {
+std::shared_ptr<UIView> UIWindow::touchDown(CGPoint point) {
     touchCancel();
     if (!alerts_.empty() || isCovered_) return nullptr;
     UIView* hit = hitTest(point);
-    if (hit) beginTouch(*hit, point);
-    return hit;
+    return hit ? beginTouch(*hit, point) : nullptr;
 }
 
-void UIWindow::beginTouch(UIView& hit, CGPoint point) {
+std::shared_ptr<UIView> UIWindow::beginTouch(UIView& hit, CGPoint point) {
     for (UIView* view = &hit; view; view = view->superview())
         path_.push_back(view->shared_from_this());
-    hit.touchesBegan(point);
+    const std::shared_ptr<UIView> held = path_.front();
+    held->touchesBegan(point);
+    return held;
 }
 
 void UIWindow::touchMoved(CGPoint point) {
@@ -44,22 +45,17 @@ void UIWindow::touchMoved(CGPoint point) {
     if (view->isDescendantOf(*this)) view->touchesMoved(point);
 }
 
-UIView* UIWindow::touchUp(CGPoint point) {
-    if (!touched()) return nullptr;
-    const auto path = std::move(path_);
-    path_.clear();
-    UIView& view = *path.front();
+std::shared_ptr<UIView> UIWindow::touchUp(CGPoint point) {
+    const auto path = std::exchange(path_, {});
     // A view that has left the screen meanwhile was told so.
-    if (!view.isDescendantOf(*this)) return nullptr;
-    view.touchesEnded(point);
-    return &view;
+    if (path.empty() || !path.front()->isDescendantOf(*this)) return nullptr;
+    path.front()->touchesEnded(point);
+    return path.front();
 }
 
 void UIWindow::touchCancel() {
-    if (!touched()) return;
-    const auto path = std::move(path_);
-    path_.clear();
-    path.front()->touchesCancelled();
+    const auto path = std::exchange(path_, {});
+    if (!path.empty()) path.front()->touchesCancelled();
 }
 
 bool UIWindow::canReach(const UIView& view) {

@@ -31,10 +31,11 @@ public:
     // MARK: touches
 
     /// One finger: each returns the view that takes the touch, or null where an alert is up
-    /// or nothing is hit. A second touch before the first has ended cancels the first.
-    UIView* touchDown(CGPoint point);
+    /// or nothing is hit; what the touch does may have removed it by then. A second touch before
+    /// the first has ended cancels the first.
+    std::shared_ptr<UIView> touchDown(CGPoint point);
     void touchMoved(CGPoint point);
-    UIView* touchUp(CGPoint point);
+    std::shared_ptr<UIView> touchUp(CGPoint point);
     void touchCancel();
     /// Whether a finger in the middle of what is seen of a view reaches it or one within.
     bool canReach(const UIView& view);
@@ -76,7 +77,7 @@ public:
     void viewDidLeave(const UIView& view);
 
 private:
-    void beginTouch(UIView& hit, CGPoint point);
+    std::shared_ptr<UIView> beginTouch(UIView& hit, CGPoint point);
     void showKeyboard(bool shown);
 
     std::vector<UIAlert> alerts_;
