@@ -223,6 +223,33 @@ TEST_F(Screen, an_alert_ends_the_touch_or_drag_that_it_interrupts) {
     mouse(QEvent::MouseButtonRelease, place, 9010);
     EXPECT_EQ(list.contentOffset().y, 0);
     EXPECT_EQ(pressed, "");
+    key(Qt::Key_Escape);
+    drag({100, 100}, {0, 20}, 20);
+    EXPECT_LT(list.contentOffset().y, 0);
+    window.screen().ungrabMouse();
+    atRest();
+    EXPECT_EQ(list.contentOffset().y, 0) << "another takes the mouse";
+}
+
+TEST_F(Screen, a_press_is_for_the_alert_that_it_began_on) {
+    for (const bool comes : {true, false}) {
+        show(question());
+        if (!comes) show(question());
+        const QPoint add = middleOf("Add");
+        const CGPoint place{static_cast<double>(add.x()), static_cast<double>(add.y())};
+        mouse(QEvent::MouseButtonPress, place, 1000);
+        Device::current().perform([&] {
+            UIWindow& shown = UIWindow::keyWindow();
+            comes ? shown.present(question()) : shown.answer(0);
+        });
+        pressed.clear();
+        mouse(QEvent::MouseButtonRelease, place, 1100);
+        atRest();
+        EXPECT_EQ(UIWindow::keyWindow().alerts().size(), comes ? 2U : 1U);
+        EXPECT_EQ(pressed, "");
+        while (!UIWindow::keyWindow().alerts().empty())
+            key(Qt::Key_Escape);
+    }
 }
 
 TEST_F(Screen, a_long_message_scrolls_by_finger_and_by_wheel) {
