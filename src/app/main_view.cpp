@@ -229,7 +229,7 @@ void GXMainView::showClassHour_periodName(const std::string& classHour,
     lblPeriodName_->setFrame({2, nameY, kBubble.width - 4, kBubbleNameHeight});
     classhourBaseView_->setHidden(false);
     classhourBaseView_->setFrame(kBubble);
-    UIView::animateWithDuration(kBubbleSlide, [&] {
+    classhourBaseView_->animateWithDuration(kBubbleSlide, [&] {
         classhourBaseView_->setFrame(
             kBubble.offsetBy({0, GXUIManager::manager().statusBarHeight()}));
     });

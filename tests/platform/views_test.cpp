@@ -371,6 +371,58 @@ TEST_F(Views, a_table_is_filled_anew_by_the_field_that_scrolls_out_of_its_sight)
     EXPECT_EQ(table.contentOffset().y, 0);
 }
 
+TEST_F(Views, each_look_that_is_animated_is_seen_on_its_own_way) {
+    const auto now = [] { return NSDate::date(); };
+    UIView& view = window.add<UIView>(CGRect{0, 0, 50, 50});
+    const auto expectSeen = [&](double y, double alpha) {
+        EXPECT_NEAR(view.frameAt(now()).y, y, 0.001);
+        EXPECT_NEAR(view.alphaAt(now()), alpha, 0.001);
+    };
+    view.setFrame({0, 100, 50, 50});
+    view.animateWithDuration(1, [&] {
+        view.setFrame({0, 200, 50, 50});
+        view.setBackgroundColor({1, 0, 0, 1});
+    });
+    EXPECT_EQ(view.frame().y, 200);
+    expectSeen(100, 1);
+    phone.advance(0.5);
+    view.animateWithDuration(2, [&] { view.setAlpha(0); });
+    view.setFrame({0, 200, 50, 50});
+    view.setCornerRadius(5);
+    expectSeen(150, 1);
+    EXPECT_NEAR(view.backgroundColorAt(now()).alpha, 0.5, 0.001);
+    EXPECT_NEAR(view.backgroundColorAt(now()).red, 1, 0.001) << "clear has no colour of its own";
+    phone.advance(0.25);
+    view.animateWithDuration(1, [&] { view.setFrame({0, 100, 50, 50}); });
+    expectSeen(187.5, 0.96875);
+    phone.advance(0.5);
+    expectSeen(143.75, 0.71875);
+    EXPECT_TRUE(window.changesWereRead());
+    view.setFrame({0, 0, 50, 50});
+    expectSeen(0, 0.71875);
+    phone.advance(1.25);
+    expectSeen(0, 0);
+    EXPECT_FALSE(window.changesWereRead());
+    EXPECT_FALSE(view.animations() || window.hasChangedBelow());
+}
+
+TEST_F(Views, an_animation_holds_its_view_until_it_is_completed) {
+    UIView& view = window.add<UIView>();
+    const std::weak_ptr<UIView> weak = view.weak_from_this();
+    view.animateWithDuration(
+        0.3, [&] { view.setAlpha(0); },
+        [&] {
+            view.removeFromSuperview();
+            events += view.alpha() == 0 ? 'e' : '!';
+        });
+    window.removeAllSubviews();
+    phone.advance(0.2);
+    EXPECT_FALSE(weak.expired());
+    phone.advance(0.11);
+    EXPECT_TRUE(weak.expired());
+    EXPECT_EQ(events, "e");
+}
+
 TEST_F(Views, a_change_is_marked_up_to_the_window_wherever_a_host_has_stopped_reading) {
     UIView& panel = window.add<UIView>(CGRect{0, 0, 10, 10});
     UIView& button = panel.add<UIView>().add<UIView>();

@@ -13,9 +13,6 @@ namespace {
 /// The least alpha at which a view is still touched.
 constexpr double kTouchableAlpha = 0.01;
 
-/// Of the changes that are being made; 0 outside an animation.
-float animationUnderWay = 0;
-
 }  // namespace
 
 UIView::~UIView() {
@@ -160,27 +157,49 @@ void UIView::touchesCancelled() {
 }
 
 void UIView::markChanged() {
-    animationDuration_ = animationUnderWay;
     changed_ = true;
     for (UIView* view = superview_; view && !view->changedBelow_; view = view->superview_)
         view->changedBelow_ = true;
 }
 
-void UIView::changesWereRead() {
+bool UIView::changesWereRead(NSDate seenAt) {
     changed_ = false;
-    animationDuration_ = 0;
-    if (!std::exchange(changedBelow_, false)) return;
-    for (const auto& view : subviews_)
-        view->changesWereRead();
+    if (animations_ && animations_->areOver(seenAt)) animations_.reset();
+    if (std::exchange(changedBelow_, false)) {
+        for (const auto& view : subviews_) {
+            if (view->changesWereRead(seenAt)) changedBelow_ = true;
+        }
+    }
+    return animations_ || changedBelow_;
 }
+
+template <typename T>
+void UIView::animate(const T& former, const T& value, AnimatedLook<T> look) {
+    if (!animating_) {
+        ((*animations_).*look).reset();
+        return;
+    }
+    const T from = seen(look, former, animating_->begin);
+    if (!animations_) animations_ = std::make_unique<ViewAnimations>();
+    (*animations_).*look = Animation<T>{from, value, *animating_};
+}
+
+template void UIView::animate(const CGRect&, const CGRect&, AnimatedLook<CGRect>);
+template void UIView::animate(const float&, const float&, AnimatedLook<float>);
+template void UIView::animate(const UIColor&, const UIColor&, AnimatedLook<UIColor>);
+template void UIView::animate(const CGPoint&, const CGPoint&, AnimatedLook<CGPoint>);
 
 void UIView::animateWithDuration(double duration, const std::function<void()>& changes,
                                  std::function<void()> completion) {
-    const float outer = animationUnderWay;
-    animationUnderWay = static_cast<float>(duration);
+    const NSDate now = NSDate::date();
+    std::optional<AnimationSpan> span;
+    if (duration > 0) span = {now, now.dateByAddingTimeInterval(duration)};
+    const std::optional<AnimationSpan> outer = std::exchange(animating_, span);
     changes();
-    animationUnderWay = outer;
-    if (completion) Device::current().mainQueue().after(duration, std::move(completion));
+    animating_ = outer;
+    if (!completion) return;
+    Device::current().mainQueue().after(
+        duration, [held = weak_from_this().lock(), done = std::move(completion)] { done(); });
 }
 
 }  // namespace gexlo

@@ -24,8 +24,7 @@ protected:
         setUserInteractionEnabled(false);
         UIWindow::keyWindow().dropAlertsOf(*this);
         animateWithDuration(
-            duration, [&] { setAlpha(0); },
-            [self = shared_from_this()] { self->removeFromSuperview(); });
+            duration, [&] { setAlpha(0); }, [this] { removeFromSuperview(); });
     }
     bool isLeaving() const { return leaving_; }
 
