@@ -5,6 +5,7 @@
 #include "desktop/window_fixture.h"
 #include "hosts/desktop/application_bar.h"
 #include "hosts/desktop/desktop_session.h"
+#include "hosts/desktop/event_loop.h"
 #include "hosts/desktop/services/opened_url.h"
 #include "platform/foundation/installation_lock.h"
 #include "platform/views/table_view.h"
@@ -94,6 +95,19 @@ TEST_F(Session, takes_in_the_last_file_of_a_drop_and_nothing_else) {
     EXPECT_TRUE(drop({QUrl("file:///etc/hostname"), right, remote}));
     answer(1);
     EXPECT_EQ(phone.timetable().name.get() + alert(), "Autumn term");
+}
+
+TEST_F(Session, hears_at_once_of_what_another_thread_brings) {
+    const EventLoop loop;
+    std::string brought;
+    MainQueue& queue = Device::current().mainQueue();
+    auto request = Device::current().requests().begin(60, [&] { brought += "reply "; });
+    runBeside([&] {
+        request.finish({});
+        queue.async([&] { brought += "work"; });
+        return true;
+    });
+    runUntil([&] { return brought == "reply work"; });
 }
 
 TEST_F(Session, is_in_the_background_while_nobody_can_see_its_window) {

@@ -35,7 +35,7 @@ const std::vector<const char*> kQueries{
 class Export : public Grid {
 protected:
     Export() {
-        phone.facts.composers = outbox;
+        phone.services.composers = outbox;
         relaunch();
         phone.expectLog("file://");
     }

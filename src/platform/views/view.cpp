@@ -42,8 +42,7 @@ void UIView::removeFromSuperview() {
     if (!superview_) return;
     const std::shared_ptr<UIView> self = shared_from_this();
     const std::shared_ptr<UIWindow> window = heldWindow();
-    if (window && window->touched() && window->touched()->isDescendantOf(*this))
-        window->touchCancel();
+    if (window) window->cancelTouchOn(*this);
     if (!superview_) return;
     UIView& parent = *std::exchange(superview_, nullptr);
     std::erase(parent.subviews_, self);

@@ -3,9 +3,9 @@
 #include <utility>
 
 #include "platform/foundation/device.h"
-#include "platform/foundation/notification_center.h"
 #include "platform/views/screen.h"
 #include "platform/views/text_input.h"
+#include "platform/views/view_controller.h"
 
 namespace gexlo {
 
@@ -112,6 +112,15 @@ void UIWindow::setCovered(bool covered) {
     isCovered_ = covered;
 }
 
+void UIWindow::setRootViewController(std::shared_ptr<UIViewController> controller) {
+    root_ = std::move(controller);
+    insertSubview_atIndex(root_->view(), 0);
+}
+
+void UIWindow::makeKeyAndVisible() {
+    UIViewController::endAppearance(root_->beginAppearance(true, false), false);
+}
+
 void UIWindow::setFirstResponder(UITextInput* input) {
     if (input == firstResponder_.get()) return;
     const auto next =
@@ -133,14 +142,26 @@ void UIWindow::showKeyboard(bool shown) {
     hasKeyboard_ = shown;
     NSNotificationCenter& center = NSNotificationCenter::defaultCenter();
     if (shown) {
-        center.postNotificationName(kKeyboardWillShowNotification, {{"height", height}});
+        center.postNotificationName(kKeyboardWillShowNotification, {kKeyboardHeight(height)});
     } else {
         center.postNotificationName(kKeyboardWillHideNotification);
     }
 }
 
+void UIWindow::viewWillLeave(UIView& view) {
+    cancelTouchOn(view);
+    endUseOf(view);
+}
+
 void UIWindow::viewDidLeave(const UIView& view) {
-    if (view.isDescendantOf(*this)) return;
+    if (!view.isDescendantOf(*this)) endUseOf(view);
+}
+
+void UIWindow::cancelTouchOn(const UIView& view) {
+    if (touched() && touched()->isDescendantOf(view)) touchCancel();
+}
+
+void UIWindow::endUseOf(const UIView& view) {
     if (firstResponder_ && firstResponder_->isDescendantOf(view)) setFirstResponder(nullptr);
     dropAlertsOf(view);
 }

@@ -6,17 +6,19 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/foundation/notification_center.h"
 #include "platform/views/alert.h"
 #include "platform/views/view.h"
 
 namespace gexlo {
 
 class UITextInput;
+class UIViewController;
 
-/// Posted on the default centre when the keyboard comes, with its height in points under
-/// "height", and when it goes.
+/// Posted on the default centre when the keyboard comes, with its height, and when it goes.
 inline constexpr const char* kKeyboardWillShowNotification = "UIKeyboardWillShowNotification";
 inline constexpr const char* kKeyboardWillHideNotification = "UIKeyboardWillHideNotification";
+inline constexpr UserInfoKey<double> kKeyboardHeight{"height"};  ///< points
 
 /// As large as the screen.
 class UIWindow final : public UIView {
@@ -65,6 +67,14 @@ public:
     bool isCovered() const { return isCovered_; }
     void setCovered(bool covered);
 
+    // MARK: screens
+
+    /// The screen below all others.
+    UIViewController* rootViewController() const { return root_.get(); }
+    void setRootViewController(std::shared_ptr<UIViewController> controller);
+    /// Tells the root screen that it appears.
+    void makeKeyAndVisible();
+
     // MARK: focus
 
     /// What the keyboard writes to, or null.
@@ -73,12 +83,17 @@ public:
     /// is told first, and one that it moves on to takes the place of this one.
     void setFirstResponder(UITextInput* input);
 
-    /// For a view that has left the window with all under it, unless it is back by now.
+    /// Ends what a person does with a view and all under it: a touch, typing and alerts.
+    void viewWillLeave(UIView& view);
+    /// Ends typing and alerts for one that has left, unless it is back by now.
     void viewDidLeave(const UIView& view);
+    /// Ends a touch on a view or one under it.
+    void cancelTouchOn(const UIView& view);
 
 private:
     std::shared_ptr<UIView> beginTouch(UIView& hit, CGPoint point);
     void showKeyboard(bool shown);
+    void endUseOf(const UIView& view);
 
     std::vector<UIAlert> alerts_;
     unsigned alertNumber_ = 0;
@@ -88,6 +103,7 @@ private:
     std::shared_ptr<UITextInput> firstResponder_;
     bool hasBegun_ = false;  // whether the first responder has been told so
     bool hasKeyboard_ = false;
+    std::shared_ptr<UIViewController> root_;
 };
 
 }  // namespace gexlo
