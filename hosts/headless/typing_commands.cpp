@@ -1,4 +1,6 @@
 // The keyboard, and controls that are moved to a value.
+#include <functional>
+
 #include "hosts/headless/driver_command.h"
 #include "hosts/headless/driver_context.h"
 #include "hosts/headless/view_search.h"
@@ -102,18 +104,53 @@ json returnKey(const DriverContext& context, const json& fields) {
     return {{"text", field.text()}};
 }
 
+/// Reads the value that a kind of control takes; throws for what takes none.
+class ValueReader final : public MutableViewVisitor {
+public:
+    explicit ValueReader(const json& fields) : fields_(fields) {}
+
+    UIControl* control = nullptr;
+    std::function<void()> change;
+    /// What the control holds, for the answer.
+    std::function<json()> held;
+
+    void visit(UIView&) override { refuse(); }
+    void visit(UILabel&) override { refuse(); }
+    void visit(UIImageView&) override { refuse(); }
+    void visit(UIActivityIndicatorView&) override { refuse(); }
+    void visit(UIScrollView&) override { refuse(); }
+    void visit(UITableView&) override { refuse(); }
+    void visit(UITableViewCell&) override { refuse(); }
+    void visit(UIControl&) override { refuse(); }
+    void visit(UIButton&) override { refuse(); }
+    void visit(UISlider& slider) override {
+        const auto value = static_cast<float>(numberField(fields_, "value"));
+        control = &slider;
+        change = [&slider, value] { slider.setValue(value); };
+        held = [&slider] { return slider.value(); };
+    }
+    void visit(UITextField&) override { refuse(); }
+    void visit(UITextView&) override { refuse(); }
+
+private:
+    [[noreturn]] static void refuse() { throw CommandError("that view has no value to set"); }
+    const json& fields_;
+};
+
+/// Moves what has a value as a finger would.
 json set(const DriverContext& context, const json& fields) {
     ViewSearch search(context, fields);
-    const auto& found = search.theViewOf<UISlider>("has no value to set");
-    const double value = numberField(fields, "value");
-    if (!found.isEnabled()) throw CommandError("that view is disabled");
+    ValueReader refuser(fields);
+    search.theView().accept(refuser);
+    if (!refuser.control->isEnabled()) throw CommandError("that view is disabled");
     search.bringWithinReach();
-    auto& slider = search.theViewOf<UISlider>("has no value to set");
+    ValueReader reader(fields);
+    search.theView().accept(reader);
     context.device.perform([&] {
-        slider.setValue(static_cast<float>(value));
-        slider.sendActions(UIControlEvent::valueChanged);
+        reader.change();
+        reader.control->sendActions(UIControlEvent::valueChanged);
     });
-    return {{"value", slider.value()}};
+    return {{"value", reader.held()}};
 }
 
 }  // namespace

@@ -37,15 +37,32 @@ std::shared_ptr<UIView> stageFor(UITableView& table, std::shared_ptr<UIView> cel
     return stage;
 }
 
+class ShownText final : public ViewVisitor {
+public:
+    std::optional<std::string> text;
+
+    void visit(const UIView&) override {}
+    void visit(const UILabel& label) override { text = label.text(); }
+    void visit(const UIImageView&) override {}
+    void visit(const UIActivityIndicatorView&) override {}
+    void visit(const UIScrollView&) override {}
+    void visit(const UITableView&) override {}
+    void visit(const UITableViewCell&) override {}
+    void visit(const UIControl&) override {}
+    void visit(const UIButton& button) override {
+        if (!button.title().empty()) text = button.title();
+    }
+    void visit(const UISlider&) override {}
+    void visit(const UITextField& field) override { text = field.text(); }
+    void visit(const UITextView& view) override { text = view.text(); }
+};
+
 }  // namespace
 
 std::optional<std::string> textOf(const UIView& view) {
-    if (const auto* label = dynamic_cast<const UILabel*>(&view)) return label->text();
-    if (const auto* button = dynamic_cast<const UIButton*>(&view)) {
-        return button->title().empty() ? std::nullopt : std::optional(button->title());
-    }
-    if (const auto* input = dynamic_cast<const UITextInput*>(&view)) return input->text();
-    return std::nullopt;
+    ShownText shown;
+    view.accept(shown);
+    return std::move(shown.text);
 }
 
 bool isVisible(const UIView& view) {

@@ -83,7 +83,8 @@ TEST(AlertView, keeps_to_the_screen_and_all_of_it_can_be_reached) {
                     SCOPED_TRACE(stringWithFormat("%@ %f: %ld texts, %ld choices", language,
                                                   screen.width, NSInteger{texts},
                                                   static_cast<NSInteger>(choices)));
-                    const auto view = alertView(filled(kind, text, texts, choices, fields), screen);
+                    const auto view =
+                        alertView(filled(kind, text, texts, choices, fields), screen).view;
                     for (const auto& panel : view->subviews())
                         EXPECT_TRUE(isWhole(*panel)) << panel->frame().height;
                     checkReach(*view, *view, choices == 1);

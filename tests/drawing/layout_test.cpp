@@ -301,7 +301,7 @@ TEST_P(Layout, everything_has_its_place_and_can_be_read_and_touched) {
         phone.advance(0.5);
         Inspection(UIWindow::keyWindow(), name);
         for (const UIAlert& alert : UIWindow::keyWindow().alerts())
-            Inspection(*alertView(alert, UIWindow::keyWindow().frame().size()), name);
+            Inspection(*alertView(alert, UIWindow::keyWindow().frame().size()).view, name);
     }
 }
 

@@ -179,14 +179,13 @@ TEST(InputWait, runs_what_another_thread_queues_until_a_line_comes) {
 }
 
 TEST(DriverOptions, tell_the_device_what_it_is) {
-    const char* arguments[] = {"gexlo-headless", "--data",     "/tmp/x",
-                               "--screen",       "320x480",    "--languages",
-                               "ja,zh-Hant",     "--now",      "2026-03-02T08:00:00",
-                               "--time-zone",    "Asia/Seoul", "--no-watch"};
+    const char* arguments[] = {
+        "",           "--data",   "kept",    "--now",     "2026-03-02T08:00:00", "--time-zone",
+        "Asia/Seoul", "--screen", "320x480", "--no-watch"};
     const DriverCommandLine line = parseDriverCommandLine(std::size(arguments), arguments);
     ASSERT_TRUE(line.options) << line.end.text;
+    EXPECT_EQ(line.options->facts.root, std::filesystem::current_path() / "kept");
     EXPECT_EQ(line.options->facts.screenHeight, 480);
-    EXPECT_EQ(line.options->facts.languages, (std::vector<std::string>{"ja", "zh-Hant"}));
     EXPECT_EQ(line.options->clock.now().timeIntervalSince1970(), Phone::kStart);
     EXPECT_FALSE(line.options->facts.watchSupported);
 }

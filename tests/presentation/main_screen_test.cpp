@@ -129,47 +129,33 @@ TEST_F(MainScreen, the_more_menu_frees_what_it_locked_on_every_exit) {
 
 TEST_F(MainScreen, what_a_panel_asks_goes_with_it_when_all_close) {
     GXLessonData& lesson = phone.addSubject("A", {mon(1)});
-    const auto edit = [&] {
-        manager().openEditLessonView(&lesson);
-        phone.advance(1);
+    const auto addSameRooms = [] {
+        for (const char* button : {"btnRoom1", "btnRoom2"}) {
+            tap(part(button));
+            answer(1, {"A1"});
+        }
     };
-    const std::pair<const char*, std::function<void()>> questions[] = {
-        {"add room",
-         [&] {
-             edit();
-             tap(part("btnRoom1"));
-         }},
-        {"same room",
-         [&] {
-             edit();
-             for (const char* button : {"btnRoom1", "btnRoom2"}) {
-                 tap(part(button));
-                 UIWindow::keyWindow().answer(1, {"A1"});
-             }
-         }},
-        {"no name",
-         [&] {
-             edit();
-             save("");
-         }},
-        {"remove",
-         [&] {
-             manager().openLessonSelector();
+    const auto edit = [&] { manager().openEditLessonView(&lesson); };
+    const auto list = [] { manager().openLessonSelector(); };
+    const auto menu = [&] { openMoreMenu(); };
+    const struct {
+        const char* name;
+        std::function<void()> open, ask;
+    } questions[] = {
+        {"add room", edit, [] { tap(part("btnRoom1")); }},
+        {"same room", edit, addSameRooms},
+        {"no name", edit, [] { save(""); }},
+        {"remove", list,
+         [] {
              part<UITableView>("SubjectListTableView").requestDelete({0, 0});
          }},
-        {"share",
-         [&] {
-             openMoreMenu();
-             tap(part("btnShare", part("GXMoreMenu")));
-         }},
-        {"export",
-         [&] {
-             openMoreMenu();
-             tap(part("btnExport"));
-         }},
+        {"share", menu, [] { tap(part("btnShare", part("GXMoreMenu"))); }},
+        {"export", menu, [] { tap(part("btnExport")); }},
     };
     UIWindow& window = UIWindow::keyWindow();
-    for (const auto& [name, ask] : questions) {
+    for (const auto& [name, open, ask] : questions) {
+        open();
+        phone.advance(1);
         ask();
         ASSERT_EQ(window.alerts().size(), 1U) << name;
         // As an import does that is confirmed above it.

@@ -1,21 +1,19 @@
 // The working copy of a timetable's settings.
 #include "presentation/settings_manager.h"
 
-#include <gtest/gtest.h>
-
 #include <sstream>
 
-#include "support/phone.h"
+#include "support/launched_phone.h"
 #include "time/periods_controller.h"
 
 namespace gexlo::test {
 
 namespace {
 
-TEST(Settings, the_copy_is_taken_whole) {
-    Phone phone;
-    phone.launch();
-    GXTimetableData& timetable = phone.manager().addNewTimetable();
+using Settings = LaunchedPhone;
+
+TEST_F(Settings, the_copy_is_taken_whole) {
+    GXTimetableData& timetable = manager().addNewTimetable();
     GXSettingsManager& settings = GXSettingsManager::manager();
     const auto told = [&] {
         const GXSettingsManager& s = settings;
@@ -52,9 +50,7 @@ TEST(Settings, the_copy_is_taken_whole) {
     EXPECT_EQ(settings.subjectTextSize, 0);
 }
 
-TEST(Settings, changes_reach_neither_the_store_nor_the_next_copy) {
-    Phone phone;
-    phone.launch();
+TEST_F(Settings, changes_reach_neither_the_store_nor_the_next_copy) {
     GXTimetableData& timetable = phone.timetable();
     GXSettingsManager& settings = GXSettingsManager::manager();
     settings.setData(timetable);

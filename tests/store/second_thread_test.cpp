@@ -5,15 +5,15 @@
 #include <semaphore>
 #include <thread>
 
-#include "support/phone.h"
+#include "support/launched_phone.h"
 
 namespace gexlo::test {
 
 namespace {
 
-TEST(SecondThread, reads_whole_timetables_while_the_main_queue_changes_them) {
-    Phone phone;
-    phone.launch();
+using SecondThread = LaunchedPhone;
+
+TEST_F(SecondThread, reads_whole_timetables_while_the_main_queue_changes_them) {
     std::atomic<bool> done = false;
     std::atomic<int> readings = 0;
     std::thread session([&] {
@@ -21,7 +21,7 @@ TEST(SecondThread, reads_whole_timetables_while_the_main_queue_changes_them) {
             const std::scoped_lock held(Device::current().lock());
             std::size_t placements = 0;
             std::size_t lessons = 0;
-            for (const GXTimetableData* timetable : phone.manager().timetableList()) {
+            for (const GXTimetableData* timetable : manager().timetableList()) {
                 for (const GXLessonData* lesson : timetable->lessons) {
                     ++lessons;
                     placements += lesson->times.count();
@@ -29,15 +29,15 @@ TEST(SecondThread, reads_whole_timetables_while_the_main_queue_changes_them) {
                 }
             }
             EXPECT_EQ(placements, 2 * lessons) << "a turn was seen half done";
-            EXPECT_GT(phone.manager().getDataUpdateNo(), 0);
+            EXPECT_GT(manager().getDataUpdateNo(), 0);
             ++readings;
         }
     });
     for (int i = 0; i < 150; ++i) {
         Device::current().perform([&] {
             GXLessonData& lesson = phone.addSubject("Maths", {mon(1), tue(2)});
-            if (i % 4 != 0) phone.manager().removeLesson_inTimetable(lesson, phone.timetable());
-            phone.manager().dataUpdateNoUp();
+            if (i % 4 != 0) manager().removeLesson_inTimetable(lesson, phone.timetable());
+            manager().dataUpdateNoUp();
         });
         std::this_thread::yield();
     }

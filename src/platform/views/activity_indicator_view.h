@@ -11,6 +11,8 @@ public:
         setUserInteractionEnabled(false);
     }
     const char* className() const override { return "UIActivityIndicatorView"; }
+    void accept(ViewVisitor& visitor) const override { visitor.visit(*this); }
+    void accept(MutableViewVisitor& visitor) override { visitor.visit(*this); }
 
     bool isAnimating() const { return animating_; }
     void startAnimating() { change(animating_, true); }

@@ -14,6 +14,8 @@ public:
     explicit UIScrollView(CGRect frame) : UIView(frame) { setClipsToBounds(true); }
 
     const char* className() const override { return "UIScrollView"; }
+    void accept(ViewVisitor& visitor) const override { visitor.visit(*this); }
+    void accept(MutableViewVisitor& visitor) override { visitor.visit(*this); }
 
     const CGSize& contentSize() const { return contentSize_; }
     // Where content that shrinks, or a frame that grows, leaves the offset beyond the last one

@@ -25,6 +25,8 @@ class UITableViewCell : public UIView {
 public:
     UITableViewCell();
     const char* className() const override { return "UITableViewCell"; }
+    void accept(ViewVisitor& visitor) const override { visitor.visit(*this); }
+    void accept(MutableViewVisitor& visitor) override { visitor.visit(*this); }
     UIView& contentView() { return *contentView_; }
     /// Called whenever the content has its size.
     virtual void layoutSubviews() {}
@@ -76,6 +78,8 @@ public:
     explicit UITableView(CGRect frame) : UIScrollView(frame) { setAlwaysBounceVertical(true); }
 
     const char* className() const override { return "UITableView"; }
+    void accept(ViewVisitor& visitor) const override { visitor.visit(*this); }
+    void accept(MutableViewVisitor& visitor) override { visitor.visit(*this); }
 
     void setDataSource(std::weak_ptr<UITableViewDataSource> source) { source_ = std::move(source); }
     void setDelegate(std::weak_ptr<UITableViewDelegate> delegate) {

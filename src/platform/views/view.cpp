@@ -73,13 +73,6 @@ void UIView::bringSubviewToFront(UIView& view) {
     markChanged();
 }
 
-UIWindow* UIView::window() {
-    UIView* top = this;
-    while (top->superview_)
-        top = top->superview_;
-    return dynamic_cast<UIWindow*>(top);
-}
-
 std::shared_ptr<UIWindow> UIView::heldWindow() {
     UIWindow* window = this->window();
     return window ? std::static_pointer_cast<UIWindow>(window->shared_from_this()) : nullptr;

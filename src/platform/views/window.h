@@ -29,6 +29,8 @@ public:
     static UIWindow& keyWindow();
 
     const char* className() const override { return "UIWindow"; }
+    UIWindow* window() override { return this; }
+    const UIWindow* window() const override { return this; }
 
     // MARK: touches
 
