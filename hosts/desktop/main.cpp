@@ -107,6 +107,7 @@ int run(QGuiApplication& application, DesktopOptions options, bool visible) {
     std::optional<DesktopSession> session;
     std::optional<ApplicationBar> bar;
     if (options.drives) {
+        if (device.clock().stands()) window.screen().showAtRest();
         input = std::make_unique<DriverInput>(driver, [&] { application.quit(); });
     } else {
         session.emplace(window, options.facts.root);

@@ -54,7 +54,10 @@ ViewMirror::Actions actions() {
 }  // namespace
 
 ScreenItem::ScreenItem(QQmlEngine& engine, ViewPainter& painter)
-    : painter_(painter), phone_(new QQuickItem(this)), scroller_(turn) {
+    : painter_(painter),
+      phone_(new QQuickItem(this)),
+      scroller_(turn),
+      ticks_([this] { synchronize(); }) {
     setAcceptedMouseButtons(Qt::LeftButton);
     setAcceptTouchEvents(true);
     mirror_ = std::make_unique<ViewMirror>(engine, *phone_, painter, actions());
@@ -90,6 +93,7 @@ void ScreenItem::synchronize() {
     mirror_->root().setEnabled(!isCovered);
     mirror_->synchronize(window);
     alert_->synchronize(window);
+    ticks_.setRunning(mirror_->isAnimating());
     if (!alert_->isUp() && alert_->hasFocus()) mirror_->root().forceActiveFocus();
 }
 

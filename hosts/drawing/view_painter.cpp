@@ -29,8 +29,7 @@ ViewPainter::ViewPainter(std::filesystem::path images) : resources_(std::move(im
     needGuiApplication();
 }
 
-QImage ViewPainter::emptyImage(const UIView& view, double scale) const {
-    const CGSize size = view.frame().size();
+QImage ViewPainter::emptyImage(CGSize size, double scale) const {
     QImage image(static_cast<int>(std::lround(size.width * scale)),
                  static_cast<int>(std::lround(size.height * scale)),
                  QImage::Format_ARGB32_Premultiplied);
@@ -39,19 +38,20 @@ QImage ViewPainter::emptyImage(const UIView& view, double scale) const {
 }
 
 QImage ViewPainter::paint(const UIView& view, double scale) {
-    QImage image = emptyImage(view, scale);
+    QImage image = emptyImage(view.frame().size(), scale);
     if (image.isNull()) return image;
     Canvas canvas(image, scale, resources_);
     paintTree(canvas, view, {-view.frame().x, -view.frame().y});
     return image;
 }
 
-QImage ViewPainter::paintAlone(const UIView& view, double scale) {
-    QImage image = emptyImage(view, scale);
+QImage ViewPainter::paintAlone(const UIView& view, double scale, NSDate moment) {
+    const CGSize size = view.frameAt(moment).size();
+    QImage image = emptyImage(size, scale);
     if (image.isNull()) return image;
     Canvas canvas(image, scale, resources_);
-    const CGRect frame = view.bounds();
-    paintLooks(canvas, view, frame);
+    const CGRect frame{0, 0, size.width, size.height};
+    paintLooks(canvas, view, frame, view.backgroundColorAt(moment));
     canvas.border(frame, view.borderWidth(), view.borderColor(), view.cornerRadius());
     return image;
 }
@@ -73,8 +73,9 @@ void ViewPainter::paintTree(Canvas& canvas, const UIView& view, CGPoint origin) 
 }
 
 /// What lies below the views upon it.
-void ViewPainter::paintLooks(Canvas& canvas, const UIView& view, const CGRect& frame) {
-    canvas.fill(frame, view.backgroundColor(), view.cornerRadius());
+void ViewPainter::paintLooks(Canvas& canvas, const UIView& view, const CGRect& frame,
+                             const UIColor& background) {
+    canvas.fill(frame, background, view.cornerRadius());
     for (const Stroke& stroke : view.strokes()) {
         const auto placed = [&](CGPoint point) {
             return CGPoint{point.x + frame.x, point.y + frame.y};
@@ -85,7 +86,7 @@ void ViewPainter::paintLooks(Canvas& canvas, const UIView& view, const CGRect& f
 }
 
 void ViewPainter::paintOpaque(Canvas& canvas, const UIView& view, const CGRect& frame) {
-    paintLooks(canvas, view, frame);
+    paintLooks(canvas, view, frame, view.backgroundColor());
     if (view.clipsToBounds() && !view.subviews().empty()) {
         canvas.clipped(frame, view.cornerRadius(),
                        [&](Canvas& within) { paintSubviews(within, view, frame); });

@@ -44,9 +44,9 @@ std::string importMessage(ImportStatus status) {
     return "Wrong Data (00)";
 }
 
-void fadeOut(const std::shared_ptr<UIView>& splash) {
-    UIView::animateWithDuration(
-        kSplashFade, [&] { splash->setAlpha(0); }, [splash] { splash->removeFromSuperview(); });
+void fadeOut(UIView& splash) {
+    splash.animateWithDuration(
+        kSplashFade, [&] { splash.setAlpha(0); }, [&splash] { splash.removeFromSuperview(); });
 }
 
 }  // namespace
@@ -79,7 +79,7 @@ bool GXAppDelegate::application_didFinishLaunchingWithOptions() {
         application.cancelAllLocalNotifications();
     }
     NSLog("Loading Time : %f", NSDate::date().timeIntervalSinceDate(begin));
-    fadeOut(splash);
+    fadeOut(*splash);
     // Not only a line of the log: the first reader starts the counter.
     NSLog("data update no : %ld", manager.getDataUpdateNo());
     return true;

@@ -45,7 +45,7 @@ void UIScrollView::comeToRest(CGPoint formerLast) {
 
 void UIScrollView::setContentOffset(CGPoint offset) {
     if (contentOffset_ == offset) return;
-    change(contentOffset_, offset);
+    change(contentOffset_, offset, &ViewAnimations::contentOffset);
     didScroll();
 }
 
