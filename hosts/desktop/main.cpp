@@ -20,6 +20,7 @@
 #include "hosts/desktop/services/desktop_key_store.h"
 #include "hosts/desktop/services/opened_url.h"
 #include "hosts/desktop/window_commands.h"
+#include "hosts/drawing/qt_image_coder.h"
 #include "hosts/drawing/qt_text_measure.h"
 #include "hosts/headless/outbox.h"
 #include "platform/foundation/installation_lock.h"
@@ -83,6 +84,7 @@ int run(QGuiApplication& application, DesktopOptions options, bool visible) {
     const InstallationLock lock(options.facts.root);
     if (!lock.isHeld()) return giveWay(lock, options);
     options.facts.textMeasure = std::make_shared<QtTextMeasure>();
+    options.facts.imageCoder = std::make_shared<QtImageCoder>(options.facts.resources / "images");
     if (options.drives) {
         options.facts.composers = std::make_shared<Outbox>();
     } else {

@@ -8,6 +8,7 @@
 #include <iostream>
 #include <string>
 
+#include "hosts/drawing/qt_image_coder.h"
 #include "hosts/drawing/qt_text_measure.h"
 #include "hosts/headless/driver.h"
 #include "hosts/headless/driver_options.h"
@@ -44,6 +45,8 @@ int main(int count, char** arguments) {
     }
     gexlo::DriverOptions& options = *commandLine.options;
     options.facts.textMeasure = std::make_shared<gexlo::QtTextMeasure>();
+    options.facts.imageCoder =
+        std::make_shared<gexlo::QtImageCoder>(options.facts.resources / "images");
     options.facts.composers = std::make_shared<gexlo::Outbox>();
     const gexlo::InstallationLock lock(options.facts.root);
     if (!lock.isHeld()) {

@@ -17,6 +17,7 @@
 namespace gexlo {
 
 class Composers;
+class ImageCoder;
 class KeyStore;
 class TextMeasure;
 
@@ -44,6 +45,8 @@ struct DeviceFacts {
 
     /// Null where the host draws nothing; a plain rule measures then.
     std::shared_ptr<const TextMeasure> textMeasure;
+    /// Null where the host draws nothing; no image has pixels then.
+    std::shared_ptr<ImageCoder> imageCoder;
     /// Null where the keychain's file is all there is.
     std::shared_ptr<KeyStore> keyStore;
     /// Null where nothing can be sent.
