@@ -3,11 +3,10 @@
 
 #include <QColor>
 #include <QImage>
-#include <QString>
 #include <algorithm>
 #include <memory>
-#include <string_view>
 
+#include "hosts/drawing/qt_text.h"
 #include "platform/views/color.h"
 #include "platform/views/image.h"
 
@@ -28,10 +27,6 @@ inline QImage qtImage(const Bitmap& bitmap) {
     return QImage(reinterpret_cast<const uchar*>(bitmap.pixels.get()), bitmap.width, bitmap.height,
                   qsizetype{4} * bitmap.stride, QImage::Format_ARGB32_Premultiplied, release,
                   new Pixels(bitmap.pixels));
-}
-
-inline QString qtText(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 }  // namespace gexlo

@@ -68,7 +68,7 @@ void checkReach(UIView& root, UIView& view, bool stays) {
 
 TEST(AlertView, keeps_to_the_screen_and_all_of_it_can_be_reached) {
     Phone phone;
-    phone.facts.textMeasure = std::make_shared<QtTextMeasure>();
+    phone.services.textMeasure = std::make_shared<QtTextMeasure>();
     for (const auto& [language, text] : kLanguages) {
         phone.facts.languages = {language};
         phone.restart();

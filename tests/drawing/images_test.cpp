@@ -23,7 +23,7 @@ constexpr UIColor kRed{1, 0, 0, 1}, kGreen{0, 1, 0, 1}, kBlue{0, 0, 1, 1};
 class Images : public ::testing::Test {
 protected:
     Images() {
-        phone.facts.imageCoder = std::make_shared<QtImageCoder>(directory.path());
+        phone.services.imageCoder = std::make_shared<QtImageCoder>(directory.path());
         phone.restart();
         UIView sheet({0, 0, 20, 10});
         sheet.add<UIView>(CGRect{0, 0, 10, 5}).setBackgroundColor(kRed);
@@ -165,7 +165,7 @@ TEST_F(Images, broken_and_huge_files_give_none_and_say_nothing) {
     for (const NSData& file : files)
         EXPECT_TRUE(read(file).isNone()) << file.size();
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-    phone.facts.imageCoder = nullptr;
+    phone.services.imageCoder = nullptr;
     phone.restart();
     EXPECT_TRUE(read(png).isNone());
     EXPECT_TRUE(UIImagePNGRepresentation(quarters).empty());

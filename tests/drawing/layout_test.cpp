@@ -235,7 +235,7 @@ public:
         std::tie(phone.facts.screenWidth, phone.facts.screenHeight, phone.facts.statusBarHeight) =
             std::tuple_cat(screen);
         phone.facts.languages = {std::string(language.first)};
-        phone.facts.textMeasure = std::make_shared<QtTextMeasure>();
+        phone.services.textMeasure = std::make_shared<QtTextMeasure>();
         relaunch();
         if (named) name = language.second;
         phone.timetable().name = name;

@@ -11,7 +11,7 @@ namespace gexlo {
 namespace {
 
 ImageCoder* coder() {
-    return Device::current().facts().imageCoder.get();
+    return Device::current().services().imageCoder.get();
 }
 
 }  // namespace

@@ -9,7 +9,7 @@ namespace gexlo {
 
 namespace {
 
-double restingOffset(double wanted, double last, double visible, bool paging) {
+double resting(double wanted, double last, double visible, bool paging) {
     if (paging && visible > 0) wanted = std::round(wanted / visible) * visible;
     return std::clamp(wanted, 0.0, last);
 }
@@ -54,6 +54,12 @@ void UIScrollView::setContentOffset_animated(CGPoint offset, bool animated) {
     animateWithDuration(kScrollDuration, [&] { setContentOffset(offset); });
 }
 
+CGPoint UIScrollView::restingOffset(CGPoint offset) const {
+    const CGPoint last = lastOffset();
+    return {resting(offset.x, last.x, frame().width, pagingEnabled_),
+            resting(offset.y, last.y, frame().height, pagingEnabled_)};
+}
+
 void UIScrollView::dragTo(CGPoint offset) {
     if (!scrollEnabled_) return;
     if (UIWindow* window = this->window()) {
@@ -63,9 +69,7 @@ void UIScrollView::dragTo(CGPoint offset) {
             return;
         window->touchCancel();
     }
-    const CGPoint last = lastOffset();
-    setContentOffset({restingOffset(offset.x, last.x, frame().width, pagingEnabled_),
-                      restingOffset(offset.y, last.y, frame().height, pagingEnabled_)});
+    setContentOffset(restingOffset(offset));
 }
 
 }  // namespace gexlo

@@ -42,8 +42,10 @@ public:
     /// Whether a drag takes a touch from that view; where not, it is the view's.
     virtual bool touchesShouldCancelInContentView(const UIView&) const { return true; }
 
-    /// A finger's drag towards an offset that then comes to rest: within the content, and at
+    /// Where the content comes to rest that is let go at that offset: within its limits, and at
     /// the nearest page where paging is on.
+    CGPoint restingOffset(CGPoint offset) const;
+    /// A finger's drag towards an offset that then comes to rest.
     void dragTo(CGPoint offset);
 
 protected:

@@ -172,25 +172,34 @@ std::shared_ptr<UITableViewCell> UITableView::cellForRow(NSIndexPath path) {
 }
 
 bool UITableView::selectRow(NSIndexPath path) {
+    if (!canSelectRow(path)) return false;
     const auto delegate = delegate_.lock();
-    if (!hasRow(path) || !delegate) return false;
     const auto self = shared_from_this();
     delegate->didSelectRow(*this, path);
     return true;
 }
 
-bool UITableView::requestDelete(NSIndexPath path) {
+bool UITableView::canDeleteRow(NSIndexPath path) {
     const auto source = source_.lock();
-    if (!source || !hasRow(path) || !source->canEditRow(*this, path)) return false;
+    return source && hasRow(path) && source->canEditRow(*this, path);
+}
+
+bool UITableView::requestDelete(NSIndexPath path) {
+    if (!canDeleteRow(path)) return false;
+    const auto source = source_.lock();
     const auto self = shared_from_this();
     source->commitDelete(*this, path);
     return true;
 }
 
-bool UITableView::dragRow(NSIndexPath from, NSIndexPath to) {
+bool UITableView::canDragRow(NSIndexPath from, NSIndexPath to) {
     const auto source = source_.lock();
-    if (!source || !editing_ || !hasRow(from) || !hasRow(to)) return false;
-    if (!source->canMoveRow(*this, from)) return false;
+    return source && editing_ && hasRow(from) && hasRow(to) && source->canMoveRow(*this, from);
+}
+
+bool UITableView::dragRow(NSIndexPath from, NSIndexPath to) {
+    if (!canDragRow(from, to)) return false;
+    const auto source = source_.lock();
     // Back where it was, nothing has moved.
     if (from == to) return true;
     const auto self = shared_from_this();

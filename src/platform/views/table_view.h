@@ -107,8 +107,12 @@ public:
     /// none.
     std::shared_ptr<UITableViewCell> cellForRow(NSIndexPath path);
 
-    // MARK: what a person does; each says whether the row can be so treated
+    // MARK: what a person does; each says whether the row can be so treated, and nothing happens
+    // to one that cannot
 
+    bool canSelectRow(NSIndexPath path) const { return hasRow(path) && !delegate_.expired(); }
+    bool canDeleteRow(NSIndexPath path);
+    bool canDragRow(NSIndexPath from, NSIndexPath to);
     bool selectRow(NSIndexPath path);
     /// A swipe, or the mark that editing shows.
     bool requestDelete(NSIndexPath path);
