@@ -136,6 +136,7 @@ QPointF ScreenItem::onPhone(QPointF point) const {
 void ScreenItem::press(QPointF point, qint64 milliseconds) {
     Q_UNUSED(milliseconds)
     isDown_ = true;
+    hasMoved_ = false;
     pressed_ = point;
     turn([&] { surface().touchDown(cgPoint(point)); });
 }
@@ -144,10 +145,12 @@ void ScreenItem::move(QPointF point, qint64 milliseconds) {
     if (!isDown_) return;
     if (scroller_.isDragging()) return scroller_.moveTo(point, milliseconds);
     const QPointF distance = point - pressed_;
-    if (std::hypot(distance.x(), distance.y()) < kSlop) return;
+    const bool isNear = std::hypot(distance.x(), distance.y()) < kSlop;
+    if (isNear && !hasMoved_) return;
+    hasMoved_ = true;
     UIWindow& window = surface();
     UIView* touched = window.touched() ? window.touched() : window.hitTest(cgPoint(pressed_));
-    auto scroll = Scroller::scrollViewFor(touched, distance);
+    auto scroll = isNear ? nullptr : Scroller::scrollViewFor(touched, distance);
     if (!scroll) return turn([&] { window.touchMoved(cgPoint(point)); });
     turn([&] { window.touchCancel(); });
     click_.reset();

@@ -80,6 +80,7 @@ private:
     std::optional<Click> click_;
     QPointF pressed_;
     bool isDown_ = false;
+    bool hasMoved_ = false;  // further than a finger trembles, since it came down
     bool isCovered_ = false;
     bool isScheduled_ = false;
 };

@@ -20,6 +20,8 @@ namespace {
 constexpr UIColor kPlaceholderColor = UIColor::colorWithWhite(0.78F);
 constexpr UIColor kTrackColor = UIColor::colorWithWhite(0.72F);
 constexpr UIColor kAccentColor = UIColor::colorWithRed_green_blue(0, 0.48F, 1);
+/// Seen on black as on white.
+constexpr UIColor kPressedColor = UIColor::colorWithWhite(0.4F, 0.35F);
 constexpr UIColor kDeleteColor = UIColor::colorWithRed_green_blue(1, 0.23F, 0.19F);
 
 CGRect centered(CGSize size, const CGRect& box) {
@@ -32,7 +34,7 @@ CGRect disc(CGPoint center, double diameter) {
 }
 
 void drawLabel(Canvas& canvas, const UILabel& label, const CGRect& frame) {
-    if (label.text().empty() || canvas.isOutside(frame)) return;
+    if (canvas.isOutside(frame)) return;
     const TextLayout& layout = canvas.layout(label.text(), label.font(),
                                              {.width = frame.width,
                                               .lines = label.numberOfLines(),
@@ -43,6 +45,11 @@ void drawLabel(Canvas& canvas, const UILabel& label, const CGRect& frame) {
 
 void drawImageView(Canvas& canvas, const UIImageView& view, const CGRect& frame) {
     canvas.image(view.image(), frame, view.tintColor());
+}
+
+/// A veil over what may be any colour, or nothing at all.
+void drawControl(Canvas& canvas, const UIControl& control, const CGRect& frame) {
+    if (control.isHighlighted()) canvas.fill(frame, kPressedColor, control.cornerRadius());
 }
 
 /// The image and the title, beside each other in the middle.
@@ -63,6 +70,7 @@ void drawButton(Canvas& canvas, const UIButton& button, const CGRect& frame) {
                  button.tintColor());
     canvas.text(title, {row.x + image.width, row.y, titleWidth, row.height}, NSTextAlignment::left,
                 button.titleColor());
+    drawControl(canvas, button, frame);
 }
 
 void drawTextField(Canvas& canvas, const UITextField& field, const CGRect& frame) {
@@ -152,16 +160,26 @@ public:
     ViewContents contents() const { return contents_; }
 
     void visit(const UIView&) override {}
-    void visit(const UILabel&) override { use<UILabel, drawLabel>(); }
-    void visit(const UIImageView&) override { use<UIImageView, drawImageView>(); }
+    void visit(const UILabel& label) override {
+        if (!label.text().empty()) use<UILabel, drawLabel>();
+    }
+    void visit(const UIImageView& view) override {
+        if (!view.image().isNone()) use<UIImageView, drawImageView>();
+    }
     void visit(const UIActivityIndicatorView&) override {
         use<UIActivityIndicatorView, drawActivityIndicator>();
     }
     void visit(const UIScrollView&) override {}
     void visit(const UITableView&) override {}
     void visit(const UITableViewCell&) override { use<UITableViewCell, drawTableCell>(); }
-    void visit(const UIControl&) override {}
-    void visit(const UIButton&) override { use<UIButton, drawButton>(); }
+    void visit(const UIControl& control) override {
+        if (control.isHighlighted()) use<UIControl, drawControl>();
+    }
+    void visit(const UIButton& button) override {
+        const bool showsImage = !button.image().isNone() || !button.backgroundImage().isNone();
+        if (showsImage || !button.title().empty() || button.isHighlighted())
+            use<UIButton, drawButton>();
+    }
     void visit(const UISlider&) override { use<UISlider, drawSlider>(); }
     void visit(const UITextField&) override { use<UITextField, drawTextField>(); }
     void visit(const UITextView&) override { use<UITextView, drawTextView>(); }

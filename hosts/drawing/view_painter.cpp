@@ -1,10 +1,12 @@
 #include "hosts/drawing/view_painter.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "hosts/drawing/alert_view.h"
 #include "hosts/drawing/gui_application.h"
 #include "hosts/drawing/view_kinds.h"
+#include "platform/views/image_coder.h"
 #include "platform/views/window.h"
 
 namespace gexlo {
@@ -23,30 +25,49 @@ CGRect extent(const UIView& view, const CGRect& frame) {
     return covered;
 }
 
+/// What no picture has more of.
+constexpr double kMostPixels = ImageCoder::kMostPixels;
+
+QImage emptyImage(CGSize size, double scale) {
+    const double width = std::round(size.width * scale);
+    const double height = std::round(size.height * scale);
+    // Written so that what is no number is too much.
+    if (!(std::max(width, height) <= kMostPixels) || !(width * height <= kMostPixels)) return {};
+    QImage image(static_cast<int>(width), static_cast<int>(height),
+                 QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    return image;
+}
+
 }  // namespace
 
 ViewPainter::ViewPainter(std::filesystem::path images) : resources_(std::move(images)) {
     needGuiApplication();
 }
 
-QImage ViewPainter::emptyImage(CGSize size, double scale) const {
-    QImage image(static_cast<int>(std::lround(size.width * scale)),
-                 static_cast<int>(std::lround(size.height * scale)),
-                 QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    return image;
+QImage ViewPainter::paint(const UIView& view, double scale) {
+    const CGRect& frame = view.frame();
+    return paintAt(view, frame.size(), scale, {-frame.x, -frame.y});
 }
 
-QImage ViewPainter::paint(const UIView& view, double scale) {
-    QImage image = emptyImage(view.frame().size(), scale);
+QImage ViewPainter::paintContent(const UIView& view, CGSize size, double scale) {
+    const CGPoint offset = view.contentOffset();
+    return paintAt(view, size, scale, {offset.x - view.frame().x, offset.y - view.frame().y});
+}
+
+QImage ViewPainter::paintAt(const UIView& view, CGSize size, double scale, CGPoint origin) {
+    QImage image = emptyImage(size, scale);
     if (image.isNull()) return image;
     Canvas canvas(image, scale, resources_);
-    paintTree(canvas, view, {-view.frame().x, -view.frame().y});
+    paintTree(canvas, view, origin);
     return image;
 }
 
 QImage ViewPainter::paintAlone(const UIView& view, double scale, NSDate moment) {
     const CGSize size = view.frameAt(moment).size();
+    const double most = std::sqrt(kMostPixels / (size.width * size.height));
+    // A margin keeps the rounded size within the bounds.
+    if (scale > most) scale = most * 0.99;
     QImage image = emptyImage(size, scale);
     if (image.isNull()) return image;
     Canvas canvas(image, scale, resources_);

@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 
 #include "desktop/window_fixture.h"
+#include "hosts/headless/json_views.h"
 #include "platform/views/button.h"
 #include "platform/views/label.h"
 #include "platform/views/text_input.h"
@@ -442,6 +443,46 @@ TEST_F(Screen, what_a_field_refuses_does_not_stay_in_sight) {
     write("1x2");
     EXPECT_EQ(field.text(), "12");
     EXPECT_EQ(window.activeFocusItem()->property("text").toString(), "12");
+}
+
+TEST_F(Screen, a_button_looks_pressed_while_the_finger_is_on_it_and_tells_nothing_of_it) {
+    UIControl& titled = addButton("Go", {20, 20, 100, 60});
+    UIControl& composed = add<UIControl>({250, 20, 100, 60}, UIColor::blackColor());
+    composed.add<UILabel>(CGRect{10, 10, 80, 40}).setText("Go");
+    UIControl& empty = add<UIButton>({20, 120, 100, 60});
+    UIControl& once = addButton("Once", {140, 120, 100, 60});
+    once.addAction(UIControlEvent::touchDown, [&] { once.setEnabled(false); });
+    for (UIControl* control : {&titled, &composed, &empty, &once}) {
+        const auto picture = [&] {
+            atRest();
+            return window.grabWindow();
+        };
+        const QImage former = picture();
+        const auto isPressed = [&] {
+            const int pixels = differing(picture(), former, 20);
+            EXPECT_TRUE(pixels == 0 || pixels > 5000) << pixels;
+            return pixels > 0;
+        };
+        const nlohmann::json told = jsonFromView(*control);
+        const CGPoint middle = control->frame().center();
+        const CGPoint outside{middle.x, 400};
+        mouse(QEvent::MouseButtonPress, middle, 1000);
+        EXPECT_TRUE(isPressed());
+        if (control != &once) {
+            EXPECT_EQ(jsonFromView(*control), told);
+        }
+        mouse(QEvent::MouseMove, outside, 1100);
+        EXPECT_FALSE(isPressed()) << "off it";
+        mouse(QEvent::MouseMove, middle, 1200);
+        EXPECT_EQ(isPressed(), control != &once);
+        mouse(QEvent::MouseButtonRelease, middle, 1300);
+        EXPECT_FALSE(isPressed());
+        control->setEnabled(true);
+        mouse(QEvent::MouseButtonPress, middle, 9000);
+        EXPECT_TRUE(isPressed());
+        window.screen().cancel();
+        EXPECT_FALSE(isPressed());
+    }
 }
 
 TEST_F(Screen, views_lie_upon_each_other_in_the_order_of_the_tree) {
