@@ -12,11 +12,14 @@ public:
     }
     const char* className() const override { return "UIActivityIndicatorView"; }
 
+    const UIColor& color() const { return color_; }
+    void setColor(UIColor color) { change(color_, color); }
     bool isAnimating() const { return animating_; }
     void startAnimating() { change(animating_, true); }
     void stopAnimating() { change(animating_, false); }
 
 private:
+    UIColor color_ = UIColor::colorWithWhite(0.72F);
     bool animating_ = false;
 };
 

@@ -9,9 +9,9 @@ namespace gexlo {
 
 namespace {
 
-double restingOffset(double wanted, double last, double visible, bool paging) {
+double restingOffset(double wanted, double first, double last, double visible, bool paging) {
     if (paging && visible > 0) wanted = std::round(wanted / visible) * visible;
-    return std::clamp(wanted, 0.0, last);
+    return std::clamp(wanted, first, last);
 }
 
 }  // namespace
@@ -63,9 +63,10 @@ void UIScrollView::dragTo(CGPoint offset) {
             return;
         window->touchCancel();
     }
+    const CGPoint first = firstOffset();
     const CGPoint last = lastOffset();
-    setContentOffset({restingOffset(offset.x, last.x, frame().width, pagingEnabled_),
-                      restingOffset(offset.y, last.y, frame().height, pagingEnabled_)});
+    setContentOffset({restingOffset(offset.x, first.x, last.x, frame().width, pagingEnabled_),
+                      restingOffset(offset.y, first.y, last.y, frame().height, pagingEnabled_)});
 }
 
 }  // namespace gexlo

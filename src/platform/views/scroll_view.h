@@ -25,7 +25,8 @@ public:
     void setContentOffset(CGPoint offset);
     void setContentOffset_animated(CGPoint offset, bool animated);
 
-    /// The furthest at which the content comes to rest.
+    // The nearest and the furthest at which the content comes to rest.
+    virtual CGPoint firstOffset() const { return {}; }
     CGPoint lastOffset() const;
 
     bool isPagingEnabled() const { return pagingEnabled_; }
@@ -43,6 +44,8 @@ public:
     /// A finger's drag towards an offset that then comes to rest: within the content, and at
     /// the nearest page where paging is on.
     void dragTo(CGPoint offset);
+    /// The finger has let go, perhaps beyond the limits, before the view comes to rest.
+    virtual void didEndDragging() {}
 
 protected:
     virtual void didScroll() {}
