@@ -23,17 +23,18 @@ bool canScrollUpright(const UIScrollView& view) {
 }
 
 /// The view gives way beyond its content, less and less.
-double followed(double wanted, double last) {
-    if (wanted < 0) return wanted * kBeyond;
+double followed(double wanted, double first, double last) {
+    if (wanted < first) return first + (wanted - first) * kBeyond;
     if (wanted > last) return last + (wanted - last) * kBeyond;
     return wanted;
 }
 
-double resting(double offset, double start, double speed, double last, double page, bool paging) {
-    if (!paging || page <= 0) return std::clamp(offset + speed * kGlide, 0.0, last);
+double resting(double offset, double start, double speed, double first, double last, double page,
+               bool paging) {
+    if (!paging || page <= 0) return std::clamp(offset + speed * kGlide, first, last);
     double pages = std::round(offset / page);
     if (std::abs(speed) > kPageSpeed) pages = std::round(start / page) + (speed > 0 ? 1 : -1);
-    return std::clamp(pages * page, 0.0, last);
+    return std::clamp(pages * page, first, last);
 }
 
 }  // namespace
@@ -79,9 +80,10 @@ void Scroller::moveTo(QPointF point, qint64 milliseconds) {
         samples_.pop_front();
     const QPointF distance = startPoint_ - point;
     CGPoint offset = start_;
+    const CGPoint first = view_->firstOffset();
     const CGPoint last = view_->lastOffset();
-    if (canScrollSideways(*view_)) offset.x = followed(start_.x + distance.x(), last.x);
-    if (canScrollUpright(*view_)) offset.y = followed(start_.y + distance.y(), last.y);
+    if (canScrollSideways(*view_)) offset.x = followed(start_.x + distance.x(), first.x, last.x);
+    if (canScrollUpright(*view_)) offset.y = followed(start_.y + distance.y(), first.y, last.y);
     setOffset(offset);
 }
 
@@ -94,7 +96,10 @@ QPointF Scroller::speed(qint64 now) const {
 }
 
 void Scroller::end(qint64 milliseconds) {
-    if (isDragging()) comeToRest(speed(milliseconds));
+    if (!isDragging()) return;
+    const QPointF fast = speed(milliseconds);
+    turn_([this] { view_->didEndDragging(); });
+    comeToRest(fast);
 }
 
 void Scroller::interrupt() {
@@ -104,12 +109,13 @@ void Scroller::interrupt() {
 void Scroller::comeToRest(QPointF fast) {
     dragging_ = false;
     const CGSize page = view_->frame().size();
+    const CGPoint first = view_->firstOffset();
     const CGPoint last = view_->lastOffset();
     const CGPoint offset = view_->contentOffset();
     const bool paging = view_->isPagingEnabled();
-    glideTo({resting(offset.x, start_.x, canScrollSideways(*view_) ? fast.x() : 0, last.x,
+    glideTo({resting(offset.x, start_.x, canScrollSideways(*view_) ? fast.x() : 0, first.x, last.x,
                      page.width, paging),
-             resting(offset.y, start_.y, canScrollUpright(*view_) ? fast.y() : 0, last.y,
+             resting(offset.y, start_.y, canScrollUpright(*view_) ? fast.y() : 0, first.y, last.y,
                      page.height, paging)},
             paging ? kPageTime : kGlideTime);
 }

@@ -19,17 +19,30 @@ void addTexts(const UIView& view, json& texts) {
         addTexts(*child, texts);
 }
 
+std::string headerText(UITableView& table, NSInteger section) {
+    json texts = json::array();
+    if (const auto header = table.headerForSection(section)) addTexts(*header, texts);
+    return texts.empty() ? "" : texts.front().get<std::string>();
+}
+
+/// A row's texts; with a mark, an object that tells it too.
+json jsonFromRow(UITableView& table, NSIndexPath path) {
+    json texts = json::array();
+    const auto cell = table.cellForRow(path);
+    if (cell) addTexts(*cell, texts);
+    if (!cell || cell->accessory() == UITableViewCellAccessory::none) return texts;
+    const bool isChecked = cell->accessory() == UITableViewCellAccessory::checkmark;
+    return {{"texts", std::move(texts)}, {isChecked ? "checked" : "accessory", true}};
+}
+
 json rows(const json& fields) {
     UITableView& table = theViewOf<UITableView>(fields);
     json sections = json::array();
     for (NSInteger section = 0; section < table.numberOfSections(); ++section) {
         json list = json::array();
-        for (NSInteger row = 0; row < table.numberOfRowsInSection(section); ++row) {
-            json texts = json::array();
-            if (const auto cell = table.cellForRow({section, row})) addTexts(*cell, texts);
-            list.push_back(std::move(texts));
-        }
-        sections.push_back({{"header", table.titleForHeader(section)}, {"rows", std::move(list)}});
+        for (NSInteger row = 0; row < table.numberOfRowsInSection(section); ++row)
+            list.push_back(jsonFromRow(table, {section, row}));
+        sections.push_back({{"header", headerText(table, section)}, {"rows", std::move(list)}});
     }
     return {{"sections", std::move(sections)}};
 }
@@ -39,11 +52,16 @@ NSIndexPath pathOf(const json& fields, const char* row) {
             static_cast<NSInteger>(indexField(fields, row))};
 }
 
+UITableView& tableInReach(const json& fields) {
+    UITableView& table = theViewOf<UITableView>(fields);
+    if (!UIWindow::keyWindow().canReach(table)) throw CommandError("that table cannot be reached");
+    return table;
+}
+
 /// The table that a person can touch, with the row in sight.
 UITableView& tableWithRow(const json& fields, NSIndexPath path) {
-    UITableView& table = theViewOf<UITableView>(fields);
-    if (!table.hasRow(path)) throw CommandError("there is no such row");
-    if (!UIWindow::keyWindow().canReach(table)) throw CommandError("that table cannot be reached");
+    if (!theViewOf<UITableView>(fields).hasRow(path)) throw CommandError("there is no such row");
+    UITableView& table = tableInReach(fields);
     bringIntoSight(table, path);
     return table;
 }
@@ -60,6 +78,17 @@ json selectRow(const json& fields) {
     const NSIndexPath path = pathOf(fields, "row");
     UITableView& table = tableWithRow(fields, path);
     return treat("that row cannot be selected", [&] { return table.selectRow(path); });
+}
+
+json accessory(const json& fields) {
+    const NSIndexPath path = pathOf(fields, "row");
+    UITableView& table = tableWithRow(fields, path);
+    return treat("that row has no such button", [&] { return table.tapAccessory(path); });
+}
+
+json pull(const json& fields) {
+    UITableView& table = tableInReach(fields);
+    return treat("that table is not refreshed by a pull", [&] { return table.pull(); });
 }
 
 json deleteRow(const json& fields) {
@@ -80,10 +109,9 @@ json moveRow(const json& fields) {
 
 std::span<const DriverCommand> tableCommands() {
     static constexpr DriverCommand kCommands[] = {
-        {"rows", rows},
-        {"select_row", selectRow},
-        {"delete_row", deleteRow},
-        {"move_row", moveRow},
+        {"rows", rows},           {"select_row", selectRow},
+        {"accessory", accessory}, {"delete_row", deleteRow},
+        {"move_row", moveRow},    {"pull", pull},
     };
     return kCommands;
 }
