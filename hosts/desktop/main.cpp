@@ -134,8 +134,8 @@ int run(QGuiApplication& application, DesktopOptions options, bool visible) {
 int main(int count, char** arguments) {
     const gexlo::DesktopCommandLine line = gexlo::parseDesktopCommandLine(count, arguments);
     if (!line.options) {
-        std::fputs(line.text.c_str(), line.exitCode == 0 ? stdout : stderr);
-        return line.exitCode;
+        std::fputs(line.end.text.c_str(), line.end.exitCode == 0 ? stdout : stderr);
+        return line.end.exitCode;
     }
     const bool visible = gexlo::hasDisplay();
     if (!visible) {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "hosts/headless/command_line.h"
 #include "platform/foundation/device.h"
 
 namespace gexlo {
@@ -15,12 +16,10 @@ struct DesktopOptions {
     std::string opened;   ///< a file or URL to open, or ""
 };
 
-/// What the command line asks for; or, without options, the text to print and the exit code
-/// with which to end: 0 for help, 2 for bad arguments.
+/// What the command line asks for; or, without options, how to end instead.
 struct DesktopCommandLine {
     std::optional<DesktopOptions> options;
-    std::string text;
-    int exitCode = 0;
+    CommandLineEnd end;
 };
 
 /// With `--driver` all options of the driver count, else `--data`, `--screen` and a path.

@@ -1,10 +1,8 @@
 #include "hosts/headless/driver_options.h"
 
-#include <CLI/CLI.hpp>
-
 #include <charconv>
-#include <sstream>
 
+#include "hosts/headless/command_line.h"
 #include "platform/foundation/calendar.h"
 #include "platform/foundation/environment.h"
 #include "platform/foundation/utf8.h"
@@ -35,12 +33,9 @@ std::optional<Size> sizeFromText(const std::string& text) {
     return size;
 }
 
-std::string checkLanguages(const std::vector<std::string>& languages) {
-    for (const std::string& language : languages) {
-        if (language.size() < 2 || !isValidUtf8(language))
-            return "\"" + language + "\" is no language";
-    }
-    return "";
+std::string wrongWithLanguage(const std::string& language) {
+    if (language.size() >= 2 && isValidUtf8(language)) return "";
+    return "\"" + language + "\" is no language";
 }
 
 }  // namespace
@@ -63,58 +58,52 @@ DriverCommandLine parseDriverCommandLine(int count, const char* const* arguments
     std::string now;
     bool noWatch = false;
 
-    CLI::App app("Plays Gexlo line by line: one JSON command in, one JSON answer out.");
-    app.add_option("--data", data, "Directory that holds all that the application keeps")
-        ->required()
-        ->check([](const std::string& path) {
-            return path.empty() ? std::string("is empty") : std::string();
-        });
-    app.add_option("--screen", screen, "Size in points, as 375x667")
-        ->check([](const std::string& text) {
-            return sizeFromText(text) ? std::string() : "\"" + text + "\" is no size as 375x667";
-        });
-    app.add_option("--status-bar", facts.statusBarHeight, "Height in points")
-        ->check(CLI::Range(0, 200));
-    app.add_option("--scale", facts.screenScale, "Pixels a point")->check(CLI::Range(0.5, 8.0));
-    app.add_option("--keyboard-height", facts.keyboardHeight, "Height in points")
-        ->check(CLI::Range(0, 2000));
-    app.add_option("--languages", facts.languages, "Preferred first, as en,ko")->delimiter(',');
-    app.add_option("--region", facts.region, "ISO 3166 code");
-    app.add_option("--time-zone", facts.timeZone, "IANA name")->check([](const std::string& name) {
-        return isTimeZone(name) ? std::string() : "\"" + name + "\" is no time zone";
-    });
-    app.add_option("--now", now, "Local time that stands still, as 2026-03-02T08:00:00");
-    app.add_option("--bundle-version", facts.bundleVersion, "CFBundleVersion");
-    app.add_option("--os-version", facts.osVersion, "Version of the phone's system");
-    app.add_option("--machine", facts.machine, "hw.machine");
-    app.add_option("--vendor-id", facts.vendorId, "Identifier for the vendor");
-    app.add_flag("--no-watch", noWatch, "No watch can be paired");
-    app.add_option("--service", facts.serviceUrl, "Base URL of the community service");
-    app.add_option("--feedback", facts.feedbackUrl, "URL of the feedback upload");
-
-    try {
-        app.parse(count, arguments);
-        if (const auto wrong = checkLanguages(facts.languages); !wrong.empty()) {
-            throw CLI::ValidationError("--languages", wrong);
+    const CommandLineOption taken[] = {
+        {.name = "--data",
+         .value = &data,
+         .help = "Directory that holds all that the application keeps",
+         .check = [](const std::string& path) { return path.empty() ? "is empty" : ""; },
+         .isRequired = true},
+        {"--screen", &screen, "Size in points, as 375x667",
+         [](const std::string& text) {
+             return sizeFromText(text) ? "" : "\"" + text + "\" is no size as 375x667";
+         }},
+        {"--status-bar", &facts.statusBarHeight, "Height in points", between(0, 200)},
+        {"--scale", &facts.screenScale, "Pixels a point", between(0.5, 8)},
+        {"--keyboard-height", &facts.keyboardHeight, "Height in points", between(0, 2000)},
+        {"--languages", &facts.languages, "Preferred first, as en,ko", wrongWithLanguage},
+        {"--region", &facts.region, "ISO 3166 code"},
+        {"--time-zone", &facts.timeZone, "IANA name",
+         [](const std::string& name) {
+             return isTimeZone(name) ? "" : "\"" + name + "\" is no time zone";
+         }},
+        {"--now", &now, "Local time that stands still, as 2026-03-02T08:00:00"},
+        {"--bundle-version", &facts.bundleVersion, "CFBundleVersion"},
+        {"--os-version", &facts.osVersion, "Version of the phone's system"},
+        {"--machine", &facts.machine, "hw.machine"},
+        {"--vendor-id", &facts.vendorId, "Identifier for the vendor"},
+        {"--no-watch", &noWatch, "No watch can be paired"},
+        {"--service", &facts.serviceUrl, "Base URL of the community service"},
+        {"--feedback", &facts.feedbackUrl, "URL of the feedback upload"},
+    };
+    if (auto end = readCommandLine("Plays Gexlo line by line: one JSON command in, one JSON answer "
+                                   "out.",
+                                   taken, count, arguments)) {
+        return {std::nullopt, std::move(*end)};
+    }
+    if (!screen.empty()) readScreenSize(screen, facts);
+    if (!now.empty()) {
+        const auto date = dateFromLocalTime(now, NSCalendar::calendarInTimeZone(facts.timeZone));
+        if (!date) {
+            return {std::nullopt,
+                    badArgument("--now", "\"" + now + "\" is no time as 2026-03-02T08:00:00")};
         }
-        if (!screen.empty()) readScreenSize(screen, facts);
-        if (!now.empty()) {
-            const auto date =
-                dateFromLocalTime(now, NSCalendar::calendarInTimeZone(facts.timeZone));
-            if (!date)
-                throw CLI::ValidationError("--now",
-                                           "\"" + now + "\" is no time as 2026-03-02T08:00:00");
-            options.clock = Clock::standingAt(*date);
-        }
-    } catch (const CLI::ParseError& error) {
-        std::ostringstream text;
-        const bool isHelp = app.exit(error, text, text) == 0;
-        return {std::nullopt, text.str(), isHelp ? 0 : 2};
+        options.clock = Clock::standingAt(*date);
     }
     std::error_code error;
     facts.root = std::filesystem::absolute(data, error);
     facts.watchSupported = !noWatch;
-    return {std::move(options), "", 0};
+    return {std::move(options), {}};
 }
 
 }  // namespace gexlo

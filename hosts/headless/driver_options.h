@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "hosts/headless/command_line.h"
 #include "platform/foundation/device.h"
 
 namespace gexlo {
@@ -13,12 +14,10 @@ struct DriverOptions {
     Clock clock = Clock::real();
 };
 
-/// What the command line asks for; or, without options, the text to print and the exit
-/// code with which to end: 0 for help, 2 for bad arguments.
+/// What the command line asks for; or, without options, how to end instead.
 struct DriverCommandLine {
     std::optional<DriverOptions> options;
-    std::string text;
-    int exitCode = 0;
+    CommandLineEnd end;
 };
 
 /// Takes a screen of that size, as "375x667"; whether it is one.

@@ -39,8 +39,8 @@ void runDueUntilInput(gexlo::Device& device) {
 int main(int count, char** arguments) {
     gexlo::DriverCommandLine commandLine = gexlo::parseDriverCommandLine(count, arguments);
     if (!commandLine.options) {
-        std::fputs(commandLine.text.c_str(), commandLine.exitCode == 0 ? stdout : stderr);
-        return commandLine.exitCode;
+        std::fputs(commandLine.end.text.c_str(), commandLine.end.exitCode == 0 ? stdout : stderr);
+        return commandLine.end.exitCode;
     }
     gexlo::DriverOptions& options = *commandLine.options;
     options.facts.textMeasure = std::make_shared<gexlo::QtTextMeasure>();

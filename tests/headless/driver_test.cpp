@@ -167,7 +167,7 @@ TEST(DriverOptions, tell_the_device_what_it_is) {
                                "ja,zh-Hant",     "--now",      "2026-03-02T08:00:00",
                                "--time-zone",    "Asia/Seoul", "--no-watch"};
     const DriverCommandLine line = parseDriverCommandLine(std::size(arguments), arguments);
-    ASSERT_TRUE(line.options) << line.text;
+    ASSERT_TRUE(line.options) << line.end.text;
     EXPECT_EQ(line.options->facts.screenHeight, 480);
     EXPECT_EQ(line.options->facts.languages, (std::vector<std::string>{"ja", "zh-Hant"}));
     EXPECT_EQ(line.options->clock.now().timeIntervalSince1970(), Phone::kStart);
