@@ -67,6 +67,7 @@ void Scroller::begin(std::shared_ptr<UIScrollView> view, QPointF point, qint64 m
     start_ = view_->contentOffset();
     startPoint_ = point;
     samples_ = {{point, milliseconds}};
+    turn_([this] { view_->willBeginDragging(); });
 }
 
 void Scroller::setOffset(CGPoint offset) {

@@ -178,6 +178,7 @@ TEST_F(TableChanges, a_row_comes_and_goes_while_the_others_slide) {
 
     window.setFirstResponder(&field(0));
     const auto first = table->cellForRow({0, 0});
+    EXPECT_FALSE(table->requestDelete({0, 4}));
     EXPECT_TRUE(table->requestDelete({0, 0}));
     EXPECT_EQ(seen(), "30@20 70@50 80@120 ");
     EXPECT_EQ(window.firstResponder(), nullptr) << "what goes is out of reach";
@@ -200,6 +201,7 @@ TEST_F(TableChanges, a_row_comes_and_goes_while_the_others_slide) {
 
 TEST_F(TableChanges, a_row_that_is_dragged_keeps_its_view_and_its_height) {
     show({40, 50, 60});
+    EXPECT_FALSE(table->dragRow({0, 0}, {0, 1})) << "not while it is not edited";
     table->setEditing(true);
     const auto first = table->cellForRow({0, 0});
     window.touchDown({290, 130});

@@ -63,6 +63,7 @@ void UIScrollView::dragTo(CGPoint offset) {
             return;
         window->touchCancel();
     }
+    willBeginDragging();
     const CGPoint first = firstOffset();
     const CGPoint last = lastOffset();
     setContentOffset({restingOffset(offset.x, first.x, last.x, frame().width, pagingEnabled_),

@@ -44,6 +44,8 @@ public:
     /// A finger's drag towards an offset that then comes to rest: within the content, and at
     /// the nearest page where paging is on.
     void dragTo(CGPoint offset);
+    /// A finger begins to drag.
+    virtual void willBeginDragging() {}
     /// The finger has let go, perhaps beyond the limits, before the view comes to rest.
     virtual void didEndDragging() {}
 

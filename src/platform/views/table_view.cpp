@@ -214,6 +214,7 @@ void UITableView::letGo(UIView& view) {
     const auto cell = std::dynamic_pointer_cast<UITableViewCell>(held);
     if (!cell || cell->reuseIdentifier().empty() || reusable_.size() >= kMostReusable) return;
     cell->uncoverDelete(0);
+    cell->setSelected(false);
     reusable_.push_back(cell);
 }
 

@@ -49,6 +49,7 @@ public:
     virtual void willDisplayRow(UITableView&, UITableViewCell&, NSIndexPath) {}
     virtual void didSelectRow(UITableView&, NSIndexPath) {}
     virtual void accessoryButtonTapped(UITableView&, NSIndexPath) {}
+    virtual void scrollViewWillBeginDragging(UITableView&) {}
 };
 
 /// Rows and headers are views only while they are in sight; their places are the table's. Source
@@ -100,8 +101,13 @@ public:
     std::string titleForHeader(NSInteger section);
     void deselectRow(NSIndexPath path, bool animated);
 
-    // MARK: what a person does; each says whether it can be done
+    // MARK: what a person does; each says whether the row can be so treated, and nothing happens
+    // to one that cannot
 
+    bool canSelectRow(NSIndexPath path) const { return hasRow(path) && !delegate_.expired(); }
+    bool canTapAccessory(NSIndexPath path);
+    bool canDeleteRow(NSIndexPath path);
+    bool canDragRow(NSIndexPath from, NSIndexPath to);
     bool selectRow(NSIndexPath path);
     bool tapAccessory(NSIndexPath path);
     /// A swipe, or the mark that editing shows.
@@ -121,6 +127,7 @@ public:
     void touchesCancelled() override;
     /// A row that is held by its mark or swiped follows the finger, and the table stays.
     bool touchesShouldCancelInContentView(const UIView&) const override;
+    void willBeginDragging() override;
     void didEndDragging() override;
 
 protected:

@@ -23,8 +23,8 @@ constexpr double kPull = 60;
 // MARK: selection, deletion, order
 
 bool UITableView::selectRow(NSIndexPath path) {
+    if (!canSelectRow(path)) return false;
     const auto delegate = delegate_.lock();
-    if (!hasRow(path) || !delegate) return false;
     const auto self = shared_from_this();
     if (selected_) deselectRow(*selected_, false);
     selected_ = path;
@@ -41,30 +41,41 @@ void UITableView::deselectRow(NSIndexPath path, bool animated) {
     }
 }
 
-bool UITableView::tapAccessory(NSIndexPath path) {
+bool UITableView::canTapAccessory(NSIndexPath path) {
     const auto cell = cellForRow(path);
-    const auto delegate = delegate_.lock();
-    if (!cell || !delegate || cell->accessory() != UITableViewCellAccessory::detailButton ||
-        cell->accessoryMark().width == 0)
-        return false;
+    return cell && !delegate_.expired() && cell->accessoryMark().width > 0 &&
+           cell->accessory() == UITableViewCellAccessory::detailButton;
+}
+
+bool UITableView::tapAccessory(NSIndexPath path) {
+    if (!canTapAccessory(path)) return false;
     const auto self = shared_from_this();
-    delegate->accessoryButtonTapped(*this, path);
+    delegate()->accessoryButtonTapped(*this, path);
     return true;
 }
 
-bool UITableView::requestDelete(NSIndexPath path) {
+bool UITableView::canDeleteRow(NSIndexPath path) {
     const auto source = source_.lock();
-    if (!source || !hasRow(path) || !source->canEditRow(*this, path)) return false;
+    return source && hasRow(path) && source->canEditRow(*this, path);
+}
+
+bool UITableView::requestDelete(NSIndexPath path) {
+    if (!canDeleteRow(path)) return false;
+    const auto source = source_.lock();
     const auto self = shared_from_this();
     closeSwipe();
     source->commitDelete(*this, path);
     return true;
 }
 
-bool UITableView::dragRow(NSIndexPath from, NSIndexPath to) {
+bool UITableView::canDragRow(NSIndexPath from, NSIndexPath to) {
     const auto source = source_.lock();
-    if (!source || !editing_ || !hasRow(from) || !hasRow(to)) return false;
-    if (!source->canMoveRow(*this, from)) return false;
+    return source && editing_ && hasRow(from) && hasRow(to) && source->canMoveRow(*this, from);
+}
+
+bool UITableView::dragRow(NSIndexPath from, NSIndexPath to) {
+    if (!canDragRow(from, to)) return false;
+    const auto source = source_.lock();
     // Back where it was, nothing has moved.
     if (from == to) return true;
     const auto self = shared_from_this();
@@ -74,7 +85,7 @@ bool UITableView::dragRow(NSIndexPath from, NSIndexPath to) {
     return true;
 }
 
-// MARK: pulling
+// MARK: dragging and pulling
 
 void UITableView::setRefreshControl(std::shared_ptr<UIRefreshControl> control) {
     if (refreshControl_) refreshControl_->removeFromSuperview();
@@ -93,6 +104,10 @@ void UITableView::placeRefreshControl() {
 CGPoint UITableView::firstOffset() const {
     const bool isRefreshing = refreshControl_ && refreshControl_->isRefreshing();
     return {0, isRefreshing ? -UIRefreshControl::kHeight : 0};
+}
+
+void UITableView::willBeginDragging() {
+    delegate()->scrollViewWillBeginDragging(*this);
 }
 
 void UITableView::didEndDragging() {
@@ -217,9 +232,8 @@ void UITableView::dropLifted() {
 void UITableView::swipe(CGPoint inWindow) {
     const CGPoint way{inWindow.x - pressed_->start.x, inWindow.y - pressed_->start.y};
     if (pressed_->uncovered == 0) {
-        const auto source = source_.lock();
-        if (editing_ || -way.x < kSwipeStart || std::abs(way.y) > -way.x) return;
-        if (!source || !source->canEditRow(*this, pressed_->path)) return;
+        const bool isSwipe = -way.x >= kSwipeStart && std::abs(way.y) <= -way.x;
+        if (editing_ || !isSwipe || !canDeleteRow(pressed_->path)) return;
     }
     auto* cell = pressed_ ? shownCell(pressed_->path) : nullptr;
     if (!cell) return;
