@@ -60,6 +60,7 @@ TableLayout UITableView::askedLayout() {
         TableSection& added = sections.emplace_back();
         const NSInteger rows = source->numberOfRowsInSection(*this, section);
         added.headerHeight = delegate->heightForHeader(*this, section);
+        added.rowHeights.reserve(static_cast<std::size_t>(std::max<NSInteger>(0, rows)));
         for (NSInteger row = 0; row < rows; ++row)
             added.rowHeights.push_back(delegate->heightForRow(*this, {section, row}));
     }
