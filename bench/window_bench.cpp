@@ -53,9 +53,9 @@ void count(const UIView& view, Items& items) {
 }
 
 std::unique_ptr<Device> measuringDeviceOn(const std::filesystem::path& root) {
-    DeviceFacts facts = factsOn(root);
-    facts.textMeasure = std::make_shared<QtTextMeasure>();
-    return std::make_unique<Device>(facts, Clock::real());
+    HostServices services;
+    services.textMeasure = std::make_shared<QtTextMeasure>();
+    return std::make_unique<Device>(factsOn(root), Clock::real(), services);
 }
 
 void launch() {

@@ -25,30 +25,24 @@ void AlertLayer::synchronize(const UIWindow& window) {
     mirror_.synchronize(*window_);
 }
 
-void AlertLayer::build(const UIAlert& alert) {
-    fields_.clear();
-    window_ = std::make_shared<UIWindow>();
-    window_->addSubview(alertView(alert, window_->frame().size()));
-    wire(*window_);
-    mirror_.takeFocus();
-    if (!fields_.empty()) fields_.front()->becomeFirstResponder();
-}
-
 /// What is typed and pressed here is the alert's, for the driver and the answer alike.
-void AlertLayer::wire(UIView& view) {
-    const auto place = static_cast<std::size_t>(view.tag());
-    if (auto* button = dynamic_cast<UIButton*>(&view)) {
-        button->addAction(UIControlEvent::touchUpInside, [this, place] {
-            if (alert()) UIWindow::keyWindow().answer(place);
-        });
-    } else if (auto* field = dynamic_cast<UITextField*>(&view)) {
-        fields_.push_back(field);
-        field->addAction(UIControlEvent::editingChanged, [this, field, place] {
-            if (alert()) UIWindow::keyWindow().setAlertText(place, field->text());
+void AlertLayer::build(const UIAlert& alert) {
+    window_ = std::make_shared<UIWindow>();
+    const AlertView made = alertView(alert, window_->frame().size());
+    for (std::size_t i = 0; i < made.buttons.size(); ++i) {
+        made.buttons[i]->addAction(UIControlEvent::touchUpInside, [this, i] {
+            if (this->alert()) UIWindow::keyWindow().answer(i);
         });
     }
-    for (const auto& child : view.subviews())
-        wire(*child);
+    fields_ = made.fields;
+    for (std::size_t i = 0; i < fields_.size(); ++i) {
+        fields_[i]->addAction(UIControlEvent::editingChanged, [this, i] {
+            if (this->alert()) UIWindow::keyWindow().setAlertText(i, fields_[i]->text());
+        });
+    }
+    window_->addSubview(made.view);
+    mirror_.takeFocus();
+    if (!fields_.empty()) fields_.front()->becomeFirstResponder();
 }
 
 /// Null where another has come, or none is left, since this was shown.

@@ -39,7 +39,6 @@ public:
 
 private:
     void build(const UIAlert& alert);
-    void wire(UIView& view);
     void answer(std::optional<std::size_t> button);
     const UIAlert* alert() const;
 

@@ -8,6 +8,7 @@
 
 #include "app/app_delegate.h"
 #include "hosts/desktop/phone_window.h"
+#include "platform/foundation/device.h"
 #include "platform/services/application.h"
 #include "platform/services/local_notification.h"
 
@@ -37,6 +38,7 @@ DesktopSession::DesktopSession(PhoneWindow& window, const std::filesystem::path&
         [this](const DesktopNotifications::Notes& notes) { notifications_.show(notes); });
     application.setAlertHandler(
         [this](const UILocalNotification& note) { return showBesideAlert(note); });
+    Device::current().requests().runRepliesAsTheyCome();
     application.launch(GXAppDelegate::delegate());
     window.installEventFilter(this);
     // The desktop's session may end the process right after this, or be kept by another program.

@@ -1,5 +1,6 @@
 #include "hosts/desktop/event_loop.h"
 
+#include <QPointer>
 #include <algorithm>
 #include <cmath>
 
@@ -21,7 +22,21 @@ EventLoop::EventLoop() {
         Device::current().mainQueue().runDue();
         arm();
     });
-    Device::current().mainQueue().atEndOfTurn([this] { arm(); });
+    MainQueue& queue = Device::current().mainQueue();
+    queue.atEndOfTurn([self = QPointer(this)] {
+        if (self) self->arm();
+    });
+    queue.setWake(
+        [this] { QMetaObject::invokeMethod(this, &EventLoop::runQueued, Qt::QueuedConnection); });
+    arm();
+}
+
+EventLoop::~EventLoop() {
+    Device::current().mainQueue().setWake({});
+}
+
+void EventLoop::runQueued() {
+    Device::current().mainQueue().runQueued();
     arm();
 }
 

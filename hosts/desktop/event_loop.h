@@ -1,4 +1,4 @@
-// Lets the system's delayed work run when it falls due.
+// Lets the system's work run when it falls due, or comes from elsewhere.
 #pragma once
 
 #include <QObject>
@@ -11,9 +11,11 @@ class EventLoop final : public QObject {
 
 public:
     EventLoop();
+    ~EventLoop() override;
 
 private:
     void arm();
+    void runQueued();
 
     QTimer timer_;
 };

@@ -19,7 +19,7 @@
 #include "hosts/desktop/services/desktop_composers.h"
 #include "hosts/desktop/services/desktop_key_store.h"
 #include "hosts/desktop/services/opened_url.h"
-#include "hosts/desktop/window_commands.h"
+#include "hosts/desktop/window_screenshot.h"
 #include "hosts/drawing/qt_text_measure.h"
 #include "hosts/headless/outbox.h"
 #include "platform/foundation/installation_lock.h"
@@ -82,23 +82,27 @@ int giveWay(const InstallationLock& lock, const DesktopOptions& options) {
 int run(QGuiApplication& application, DesktopOptions options, bool visible) {
     const InstallationLock lock(options.facts.root);
     if (!lock.isHeld()) return giveWay(lock, options);
-    options.facts.textMeasure = std::make_shared<QtTextMeasure>();
-    if (options.drives) {
-        options.facts.composers = std::make_shared<Outbox>();
+    HostServices services;
+    services.textMeasure = std::make_shared<QtTextMeasure>();
+    const auto outbox = options.drives ? std::make_shared<Outbox>() : nullptr;
+    if (outbox) {
+        services.composers = outbox;
     } else {
         options.facts.keyboardHeight = 0;  // the desktop has one of its own
-        options.facts.keyStore = std::make_shared<DesktopKeyStore>(options.facts.root);
-        options.facts.composers =
-            std::make_shared<DesktopComposers>(options.facts.temporaryDirectory());
+        services.keyStore = std::make_shared<DesktopKeyStore>(options.facts.root);
+        services.composers = std::make_shared<DesktopComposers>(options.facts.temporaryDirectory());
     }
-    Device device(options.facts, options.clock);
+    Device device(options.facts, options.clock, services);
 
     QQmlEngine engine;
     ViewPainter painter(options.facts.resources / "images");
     PhoneWindow window(engine, painter);
 
     EventLoop loop;
-    Driver driver(windowCommands());
+    Driver driver(
+        {.outbox = outbox, .takeScreenshot = [&window](const DriverContext&, const auto& path) {
+             writeScreenshot(window, path);
+         }});
     std::unique_ptr<DriverInput> input;
     std::optional<DesktopSession> session;
     std::optional<ApplicationBar> bar;

@@ -29,12 +29,12 @@ double followed(double wanted, double first, double last) {
     return wanted;
 }
 
-double resting(double offset, double start, double speed, double first, double last, double page,
-               bool paging) {
-    if (!paging || page <= 0) return std::clamp(offset + speed * kGlide, first, last);
-    double pages = std::round(offset / page);
-    if (std::abs(speed) > kPageSpeed) pages = std::round(start / page) + (speed > 0 ? 1 : -1);
-    return std::clamp(pages * page, first, last);
+/// Where a drag from `start` that is let go at `offset` would end: it glides on, or where there
+/// are pages, turns one. `page` is 0 where there are none.
+double carried(double offset, double start, double speed, double page) {
+    if (page <= 0) return offset + speed * kGlide;
+    if (std::abs(speed) <= kPageSpeed) return offset;
+    return (std::round(start / page) + (speed > 0 ? 1 : -1)) * page;
 }
 
 }  // namespace
@@ -109,16 +109,14 @@ void Scroller::interrupt() {
 
 void Scroller::comeToRest(QPointF fast) {
     dragging_ = false;
-    const CGSize page = view_->frame().size();
-    const CGPoint first = view_->firstOffset();
-    const CGPoint last = view_->lastOffset();
     const CGPoint offset = view_->contentOffset();
     const bool paging = view_->isPagingEnabled();
-    glideTo({resting(offset.x, start_.x, canScrollSideways(*view_) ? fast.x() : 0, first.x, last.x,
-                     page.width, paging),
-             resting(offset.y, start_.y, canScrollUpright(*view_) ? fast.y() : 0, first.y, last.y,
-                     page.height, paging)},
-            paging ? kPageTime : kGlideTime);
+    const CGSize page = paging ? view_->frame().size() : CGSize{};
+    const double x =
+        carried(offset.x, start_.x, canScrollSideways(*view_) ? fast.x() : 0, page.width);
+    const double y =
+        carried(offset.y, start_.y, canScrollUpright(*view_) ? fast.y() : 0, page.height);
+    glideTo(view_->restingOffset({x, y}), paging ? kPageTime : kGlideTime);
 }
 
 void Scroller::glideTo(CGPoint offset, int milliseconds) {

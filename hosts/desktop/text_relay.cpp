@@ -6,16 +6,15 @@
 
 namespace gexlo {
 
-TextRelay::TextRelay(QQuickItem& item, std::weak_ptr<UIView> view, const TextActions& actions)
-    : QObject(&item), item_(item), view_(std::move(view)), actions_(actions) {
+TextRelay::TextRelay(QQuickItem& item, UITextInput& input, const TextActions& actions)
+    : QObject(&item),
+      item_(item),
+      input_(std::static_pointer_cast<UITextInput>(input.shared_from_this())),
+      actions_(actions) {
     // The signals are those of the item's own type, which only their names tell.
     connect(&item, SIGNAL(edited(QString)), this, SLOT(edited(QString)));
     connect(&item, SIGNAL(returned()), this, SLOT(returned()));
     connect(&item, SIGNAL(focused()), this, SLOT(focused()));
-}
-
-std::shared_ptr<UITextInput> TextRelay::input() const {
-    return std::dynamic_pointer_cast<UITextInput>(view_.lock());
 }
 
 void TextRelay::followReach() {

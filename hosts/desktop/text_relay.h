@@ -8,7 +8,6 @@
 
 namespace gexlo {
 
-class UIView;
 class UITextInput;
 
 struct TextActions {
@@ -22,10 +21,10 @@ class TextRelay final : public QObject {
     Q_OBJECT
 
 public:
-    TextRelay(QQuickItem& item, std::weak_ptr<UIView> view, const TextActions& actions);
+    TextRelay(QQuickItem& item, UITextInput& input, const TextActions& actions);
 
     /// The field, or null once it has gone.
-    std::shared_ptr<UITextInput> input() const;
+    std::shared_ptr<UITextInput> input() const { return input_.lock(); }
     /// Takes keys and clicks only where a finger would reach the field.
     void followReach();
 
@@ -36,7 +35,7 @@ private Q_SLOTS:
 
 private:
     QQuickItem& item_;
-    std::weak_ptr<UIView> view_;
+    std::weak_ptr<UITextInput> input_;
     const TextActions& actions_;
 };
 

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "exchange/exchange_format.h"
+#include "exchange/exchange_writer.h"
 #include "exchange/file_url.h"
 #include "hosts/drawing/qt_values.h"
 #include "platform/foundation/bundle.h"
@@ -39,12 +40,10 @@ void tellFailure(const std::filesystem::path& path, const std::string& reason) {
 void write(const std::filesystem::path& path) {
     const GXTimetableData* timetable = GXDataManager::manager().currentTimetableData();
     if (!timetable) return;
-    std::int32_t code = 10;
+    auto code = static_cast<std::int32_t>(ExportError::unknown);
     const auto file =
         GXUIManager::manager().generateDataFileFromTimetable_errorCode(*timetable, &code);
-    if (!file) {
-        return tellFailure(path, stringWithFormat("Failed to generate data file (%d)", code));
-    }
+    if (!file) return tellFailure(path, exportMessage(static_cast<ExportError>(code)));
     const std::string_view bytes(reinterpret_cast<const char*>(file->data()), file->size());
     if (const auto wrong = writeFileAtomically(path, bytes)) tellFailure(path, *wrong);
 }

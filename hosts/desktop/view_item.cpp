@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "hosts/drawing/qt_values.h"
+#include "hosts/drawing/view_kinds.h"
 #include "hosts/drawing/view_painter.h"
 
 namespace gexlo {
@@ -14,9 +15,9 @@ namespace gexlo {
 namespace {
 
 /// A colour and no more needs no picture.
-bool isPlain(const UIView& view, ViewPainter& painter) {
+bool isPlain(const UIView& view) {
     return !view.backgroundColor().patternImage && view.cornerRadius() == 0 &&
-           view.borderWidth() == 0 && view.strokes().empty() && !painter.hasContents(view);
+           view.borderWidth() == 0 && view.strokes().empty() && !contentsOf(view);
 }
 
 /// The picture as a texture, which the node owns.
@@ -59,7 +60,7 @@ ViewItem::ViewItem(QQuickItem* parent) : QQuickItem(parent) {
 }
 
 void ViewItem::show(const UIView& view, ViewPainter& painter, double scale) {
-    isPlain_ = isPlain(view, painter);
+    isPlain_ = isPlain(view);
     if (isPlain_) {
         color_ = qtColor(view.backgroundColor());
         picture_ = {};

@@ -5,11 +5,9 @@
 #include <QQmlEngine>
 #include <cmath>
 
+#include "hosts/desktop/view_traits.h"
 #include "hosts/drawing/qt_values.h"
 #include "hosts/drawing/typeface.h"
-#include "platform/views/button.h"
-#include "platform/views/scroll_view.h"
-#include "platform/views/table_view.h"
 #include "platform/views/text_input.h"
 #include "platform/views/window.h"
 
@@ -35,7 +33,7 @@ struct ViewMirror::Node {
     QPointer<QQuickItem> item;
     QPointer<QQuickItem> content;  // what scrolls; null for a view that does not
     std::weak_ptr<UIView> view;
-    Kind kind = Kind::plain;
+    ViewTraits::Item kind = ViewTraits::Item::plain;
     bool isNew = true;
     bool isSeen = false;         // in the pass under way
     CGRect sight;                // of the last pass
@@ -49,12 +47,11 @@ struct ViewMirror::Node {
 
 namespace {
 
-/// What is spoken of a view: its label, else what it shows.
+/// What is spoken of a view: its label, else what it shows, else what those upon it say.
 QString spokenNameOf(const UIView& view) {
     if (!view.accessibilityLabel().empty()) return qtText(view.accessibilityLabel());
-    if (const auto* button = dynamic_cast<const UIButton*>(&view)) return qtText(button->title());
-    if (const auto* label = dynamic_cast<const UILabel*>(&view)) return qtText(label->text());
-    QString name;
+    QString name = qtText(traitsOf(view).text);
+    if (!name.isEmpty()) return name;
     for (const auto& child : view.subviews()) {
         if (child->isHidden()) continue;
         const QString part = spokenNameOf(*child);
@@ -161,19 +158,12 @@ void ViewMirror::clear() {
     static_cast<ViewItem&>(*root_->item).hideLooks();
 }
 
-ViewMirror::Kind ViewMirror::kindOf(const UIView& view) {
-    if (dynamic_cast<const UITextField*>(&view)) return Kind::textField;
-    if (dynamic_cast<const UITextView*>(&view)) return Kind::textView;
-    if (dynamic_cast<const UIControl*>(&view) || dynamic_cast<const UITableViewCell*>(&view)) {
-        return Kind::touchable;
-    }
-    return Kind::plain;
-}
-
-std::unique_ptr<ViewMirror::Node> ViewMirror::newNode(UIView& view, Kind kind, QQuickItem& parent) {
+std::unique_ptr<ViewMirror::Node> ViewMirror::newNode(UIView& view, QQuickItem& parent) {
+    using Item = ViewTraits::Item;
+    const ViewTraits traits = traitsOf(view);
     auto node = std::make_unique<Node>();
     node->view = view.weak_from_this();
-    node->kind = kind;
+    node->kind = traits.item;
     const auto create = [&](QQmlComponent& component) {
         auto* item = qobject_cast<QQuickItem*>(component.create());
         if (!item) qFatal("%s", qPrintable(component.errorString()));
@@ -181,11 +171,11 @@ std::unique_ptr<ViewMirror::Node> ViewMirror::newNode(UIView& view, Kind kind, Q
         return item;
     };
     const auto viewOf = [weak = node->view] { return weak.lock(); };
-    switch (kind) {
-        case Kind::plain:
+    switch (traits.item) {
+        case Item::plain:
             node->item = new ViewItem(&parent);
             break;
-        case Kind::touchable:
+        case Item::touchable:
             node->item = create(touchable_);
             node->item->setActiveFocusOnTab(true);
             node->viewItem()->setView(node->view);
@@ -193,15 +183,15 @@ std::unique_ptr<ViewMirror::Node> ViewMirror::newNode(UIView& view, Kind kind, Q
                 if (const auto held = viewOf()) actions_.press(*held);
             });
             break;
-        case Kind::textField:
-        case Kind::textView: {
-            node->item = create(kind == Kind::textField ? textField_ : textView_);
+        case Item::textField:
+        case Item::textView:
+            node->item = create(traits.item == Item::textField ? textField_ : textView_);
             // Ends with the item.
-            texts_.emplace_back(new TextRelay(*node->item, node->view, actions_.text));
+            texts_.emplace_back(
+                new TextRelay(*node->item, static_cast<UITextInput&>(view), actions_.text));
             break;
-        }
     }
-    if (dynamic_cast<UIScrollView*>(&view)) node->content = new QQuickItem(node->item);
+    if (traits.scrolls) node->content = new QQuickItem(node->item);
     return node;
 }
 
@@ -236,7 +226,7 @@ void ViewMirror::showChildren(UIView& view, Node& node, const CGRect& sight, boo
         if (!stays && !node.reaches[i].rect.intersects(seen)) continue;
         std::unique_ptr<Node>& childNode = node.children[child.get()];
         const bool isOther = !childNode || !childNode->item || childNode->view.lock() != child;
-        if (isOther) childNode = newNode(*child, kindOf(*child), node.contentItem());
+        if (isOther) childNode = newNode(*child, node.contentItem());
         childNode->isSeen = true;
         isOrdered = isOrdered && !isOther;
         const CGRect& frame = child->frame();
@@ -290,17 +280,19 @@ void ViewMirror::place(UIView& view, Node& node) {
 }
 
 void ViewMirror::showLooks(UIView& view, Node& node) {
-    if (auto* input = dynamic_cast<UITextInput*>(&view)) return showText(*input, node);
-    node.viewItem()->show(view, painter_, scale_);
+    if (ViewItem* item = node.viewItem()) return item->show(view, painter_, scale_);
+    showText(static_cast<UITextInput&>(view), node);
+    if (node.kind == ViewTraits::Item::textField) {
+        node.item->setProperty("secure", static_cast<UITextField&>(view).isSecureTextEntry());
+    }
 }
 
 /// A view may speak for those around it, so it does so anew when one of them changes.
 void ViewMirror::speakFor(const UIView& view, Node& node) {
-    if (node.kind != Kind::touchable) return;
-    const auto* control = dynamic_cast<const UIControl*>(&view);
-    node.item->setEnabled(!control || control->isEnabled());
-    node.viewItem()->setSpoken(QAccessible::Button, spokenNameWithin(view),
-                               control && control->isSelected());
+    if (node.kind != ViewTraits::Item::touchable) return;
+    const ViewTraits traits = traitsOf(view);
+    node.item->setEnabled(traits.isEnabled);
+    node.viewItem()->setSpoken(QAccessible::Button, spokenNameWithin(view), traits.isOn);
 }
 
 void ViewMirror::showText(UITextInput& input, Node& node) {
@@ -314,9 +306,6 @@ void ViewMirror::showText(UITextInput& input, Node& node) {
     item.setProperty("color", qtColor(input.backgroundColor()));
     item.setProperty("borderColor", qtColor(input.borderColor()));
     item.setProperty("borderWidth", std::ceil(input.borderWidth()));
-    if (const auto* field = dynamic_cast<UITextField*>(&input)) {
-        item.setProperty("secure", field->isSecureTextEntry());
-    }
     const QString text = qtText(input.text());
     if (item.property("text").toString() != text) item.setProperty("text", text);
     if (input.isFirstResponder()) {

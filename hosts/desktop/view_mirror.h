@@ -49,10 +49,8 @@ public:
 
 private:
     struct Node;
-    enum class Kind { plain, touchable, textField, textView };
 
-    static Kind kindOf(const UIView& view);
-    std::unique_ptr<Node> newNode(UIView& view, Kind kind, QQuickItem& parent);
+    std::unique_ptr<Node> newNode(UIView& view, QQuickItem& parent);
     void showView(UIView& view, Node& node, const CGRect& sight);
     void showChildren(UIView& view, Node& node, const CGRect& sight, bool changed);
     void showLooks(UIView& view, Node& node);

@@ -42,13 +42,13 @@ using Button = UIAlert::Button;
 
 struct Choice {
     const Button* button;
-    NSInteger index;
+    std::size_t index;
 };
 
 std::vector<Choice> choicesOf(const UIAlert& alert) {
     std::vector<Choice> choices;
     for (const Button& button : alert.buttons)
-        choices.push_back({&button, static_cast<NSInteger>(choices.size())});
+        choices.push_back({&button, choices.size()});
     return choices;
 }
 
@@ -66,8 +66,8 @@ struct Section {
 /// Texts over fields over buttons.
 class Panel {
 public:
-    Panel(double width, const Looks& looks)
-        : view_(std::make_shared<UIView>(CGRect{0, 0, width, 0})), looks_(looks) {
+    Panel(AlertView& made, double width, const Looks& looks)
+        : made_(made), view_(std::make_shared<UIView>(CGRect{0, 0, width, 0})), looks_(looks) {
         view_->setBackgroundColor(kPanel);
         view_->setCornerRadius(kRadius);
         view_->setClipsToBounds(true);
@@ -146,7 +146,7 @@ private:
     void addField(const UIAlert::Field& field) {
         auto& view = fields_.view->add<UITextField>(
             CGRect{kMargin, fields_.height + 4, width() - 2 * kMargin, kFieldHeight});
-        view.setTag(static_cast<NSInteger>(fields_.view->subviews().size()) - 1);
+        made_.fields.push_back(&view);
         view.setText(field.text);
         view.setPlaceholder(field.placeholder);
         view.setSecureTextEntry(field.secure);
@@ -160,7 +160,7 @@ private:
         const Button& button = *choice.button;
         const bool isDestructive = button.style == Button::Style::destructive;
         auto& view = buttons_.view->add<UIButton>(frame);
-        view.setTag(choice.index);
+        made_.buttons[choice.index] = &view;
         view.setTitle(button.title);
         view.setFont({"", looks_.buttonSize, button.style == Button::Style::cancel});
         view.setTitleColor(isDestructive ? kDestructive : kAction);
@@ -172,6 +172,7 @@ private:
         line.setUserInteractionEnabled(false);
     }
 
+    AlertView& made_;
     std::shared_ptr<UIView> view_;
     const Looks& looks_;
     Section texts_;
@@ -179,47 +180,49 @@ private:
     Section buttons_;
 };
 
-void addAlert(UIView& dim, const UIAlert& alert, CGSize screen) {
+void addAlert(AlertView& made, const UIAlert& alert, CGSize screen) {
     static constexpr double kWidth = 270;
-    Panel panel(std::min(kWidth, screen.width - 2 * kMargin), kAlertLooks);
+    Panel panel(made, std::min(kWidth, screen.width - 2 * kMargin), kAlertLooks);
     panel.addTexts(alert);
     panel.addButtons(choicesOf(alert), alert.buttons.size() == 2);
     panel.fitInto(screen.height - 2 * kMargin);
-    dim.addSubview(
+    made.view->addSubview(
         panel.at({(screen.width - panel.width()) / 2, (screen.height - panel.height()) / 2}));
 }
 
 /// What cancels stands apart, at the foot.
-void addSheet(UIView& dim, const UIAlert& alert, CGSize screen) {
+void addSheet(AlertView& made, const UIAlert& alert, CGSize screen) {
     static constexpr double kGap = 8;
     std::vector<Choice> choices;
     std::vector<Choice> cancels;
     for (const Choice& choice : choicesOf(alert))
         (choice.button->style == Button::Style::cancel ? cancels : choices).push_back(choice);
-    Panel above(screen.width - 2 * kGap, kSheetLooks);
+    Panel above(made, screen.width - 2 * kGap, kSheetLooks);
     above.addTexts(alert);
     above.addButtons(choices, false);
-    Panel below(above.width(), kSheetLooks);
+    Panel below(made, above.width(), kSheetLooks);
     below.addButtons(cancels, false);
     below.fitInto(screen.height - 2 * kGap);
     const double footY = screen.height - kGap - below.height();
     const double aboveEnd = footY - (cancels.empty() ? 0 : kGap);
     above.fitInto(aboveEnd - kGap);
-    dim.addSubview(above.at({kGap, aboveEnd - above.height()}));
-    dim.addSubview(below.at({kGap, footY}));
+    made.view->addSubview(above.at({kGap, aboveEnd - above.height()}));
+    made.view->addSubview(below.at({kGap, footY}));
 }
 
 }  // namespace
 
-std::shared_ptr<UIView> alertView(const UIAlert& alert, CGSize screen) {
-    auto dim = std::make_shared<UIView>(CGRect{0, 0, screen.width, screen.height});
-    dim->setBackgroundColor(kDim);
+AlertView alertView(const UIAlert& alert, CGSize screen) {
+    AlertView made{.view = std::make_shared<UIView>(CGRect{0, 0, screen.width, screen.height}),
+                   .buttons = std::vector<UIButton*>(alert.buttons.size()),
+                   .fields = {}};
+    made.view->setBackgroundColor(kDim);
     if (alert.kind == UIAlert::Kind::sheet) {
-        addSheet(*dim, alert, screen);
+        addSheet(made, alert, screen);
     } else {
-        addAlert(*dim, alert, screen);
+        addAlert(made, alert, screen);
     }
-    return dim;
+    return made;
 }
 
 }  // namespace gexlo

@@ -2,10 +2,9 @@
 #pragma once
 
 #include <QColor>
-#include <QString>
 #include <algorithm>
-#include <string_view>
 
+#include "hosts/drawing/qt_text.h"
 #include "platform/views/color.h"
 
 namespace gexlo {
@@ -15,10 +14,6 @@ inline QColor qtColor(const UIColor& color) {
     const auto part = [](float value) { return value > 0 ? std::min(value, 1.0F) : 0.0F; };
     return QColor::fromRgbF(part(color.red), part(color.green), part(color.blue),
                             part(color.alpha));
-}
-
-inline QString qtText(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 }  // namespace gexlo

@@ -5,21 +5,21 @@
 
 #include "hosts/drawing/gui_application.h"
 #include "hosts/drawing/qt_values.h"
+#include "platform/foundation/bundle.h"
 #include "platform/foundation/device.h"
 
 namespace gexlo {
 
 namespace {
 
-/// The first whose language the device's begins with.
 struct SystemFont {
-    std::string_view language;
+    std::string_view localization;  // or any other
     const char* family;
 };
 constexpr SystemFont kSystemFonts[] = {
     {"ja", "Noto Sans CJK JP"},
     {"zh-Hant", "Noto Sans CJK TC"},
-    {"zh", "Noto Sans CJK SC"},
+    {"zh-Hans", "Noto Sans CJK SC"},
     {"", "Noto Sans CJK KR"},
 };
 
@@ -37,9 +37,9 @@ constexpr NamedFace kNamedFaces[] = {
 
 const char* systemFamily() {
     const auto& languages = Device::current().facts().languages;
-    const std::string_view language = languages.empty() ? "" : std::string_view(languages.front());
+    const std::string first = languages.empty() ? "" : localizationFor({languages.front()});
     const SystemFont* font = kSystemFonts;
-    while (!language.starts_with(font->language))
+    while (!first.starts_with(font->localization))
         ++font;
     return font->family;
 }

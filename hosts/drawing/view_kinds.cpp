@@ -167,38 +167,42 @@ void drawTableCell(Canvas& canvas, const UITableViewCell& cell, const CGRect& fr
     }
 }
 
-struct Kind {
-    bool (*includes)(const UIView& view);
-    ViewContents contents;
-};
+class KindDrawing final : public ViewVisitor {
+public:
+    ViewContents contents() const { return contents_; }
 
-template <typename View, void (*draw)(Canvas&, const View&, const CGRect&)>
-constexpr Kind kind() {
-    return {[](const UIView& view) { return dynamic_cast<const View*>(&view) != nullptr; },
-            [](Canvas& canvas, const UIView& view, const CGRect& frame) {
-                draw(canvas, static_cast<const View&>(view), frame);
-            }};
-}
+    void visit(const UIView&) override {}
+    void visit(const UILabel&) override { use<UILabel, drawLabel>(); }
+    void visit(const UIImageView&) override { use<UIImageView, drawImageView>(); }
+    void visit(const UIActivityIndicatorView&) override {
+        use<UIActivityIndicatorView, drawActivityIndicator>();
+    }
+    void visit(const UIScrollView&) override {}
+    void visit(const UITableView&) override {}
+    void visit(const UITableViewCell&) override { use<UITableViewCell, drawTableCell>(); }
+    void visit(const UIControl&) override {}
+    void visit(const UIButton&) override { use<UIButton, drawButton>(); }
+    void visit(const UISlider&) override { use<UISlider, drawSlider>(); }
+    void visit(const UITextField&) override { use<UITextField, drawTextField>(); }
+    void visit(const UITextView&) override { use<UITextView, drawTextView>(); }
 
-/// The first that includes a view paints it.
-constexpr Kind kKinds[] = {
-    kind<UILabel, drawLabel>(),
-    kind<UIImageView, drawImageView>(),
-    kind<UIButton, drawButton>(),
-    kind<UITextField, drawTextField>(),
-    kind<UITextView, drawTextView>(),
-    kind<UISlider, drawSlider>(),
-    kind<UITableViewCell, drawTableCell>(),
-    kind<UIActivityIndicatorView, drawActivityIndicator>(),
+private:
+    template <typename View, void (*draw)(Canvas&, const View&, const CGRect&)>
+    void use() {
+        contents_ = [](Canvas& canvas, const UIView& view, const CGRect& frame) {
+            draw(canvas, static_cast<const View&>(view), frame);
+        };
+    }
+
+    ViewContents contents_ = nullptr;
 };
 
 }  // namespace
 
 ViewContents contentsOf(const UIView& view) {
-    for (const Kind& kind : kKinds) {
-        if (kind.includes(view)) return kind.contents;
-    }
-    return nullptr;
+    KindDrawing drawing;
+    view.accept(drawing);
+    return drawing.contents();
 }
 
 }  // namespace gexlo

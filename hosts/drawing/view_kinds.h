@@ -8,7 +8,7 @@ namespace gexlo {
 /// Draws the view's own content into its frame on the screen.
 using ViewContents = void (*)(Canvas& canvas, const UIView& view, const CGRect& frame);
 
-/// For that view and all of its class; null for one that has nothing of its own.
+/// Null for a view that has nothing of its own.
 ViewContents contentsOf(const UIView& view);
 
 }  // namespace gexlo

@@ -4,6 +4,7 @@
 
 #include "hosts/drawing/alert_view.h"
 #include "hosts/drawing/gui_application.h"
+#include "hosts/drawing/view_kinds.h"
 #include "platform/views/window.h"
 
 namespace gexlo {
@@ -59,14 +60,8 @@ QImage ViewPainter::paintScreen(const UIWindow& window, double scale) {
     QImage image = paint(window, scale);
     if (image.isNull() || window.alerts().empty()) return image;
     Canvas canvas(image, scale, resources_);
-    paintTree(canvas, *alertView(window.alerts().back(), window.frame().size()), {});
+    paintTree(canvas, *alertView(window.alerts().back(), window.frame().size()).view, {});
     return image;
-}
-
-ViewContents ViewPainter::contentsFor(const UIView& view) {
-    const auto [found, isNew] = contents_.try_emplace(typeid(view));
-    if (isNew) found->second = contentsOf(view);
-    return found->second;
 }
 
 void ViewPainter::paintTree(Canvas& canvas, const UIView& view, CGPoint origin) {
@@ -86,7 +81,7 @@ void ViewPainter::paintLooks(Canvas& canvas, const UIView& view, const CGRect& f
         };
         canvas.line(placed(stroke.from), placed(stroke.to), stroke.width, stroke.color);
     }
-    if (const ViewContents contents = contentsFor(view)) contents(canvas, view, frame);
+    if (const ViewContents contents = contentsOf(view)) contents(canvas, view, frame);
 }
 
 void ViewPainter::paintOpaque(Canvas& canvas, const UIView& view, const CGRect& frame) {

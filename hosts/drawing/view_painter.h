@@ -3,11 +3,8 @@
 
 #include <QImage>
 #include <filesystem>
-#include <typeindex>
-#include <unordered_map>
 
 #include "hosts/drawing/canvas.h"
-#include "hosts/drawing/view_kinds.h"
 
 namespace gexlo {
 
@@ -25,8 +22,6 @@ public:
     QImage paint(const UIView& view, double scale);
     /// The view without those upon it.
     QImage paintAlone(const UIView& view, double scale);
-    /// Whether the view paints more than background, border and strokes.
-    bool hasContents(const UIView& view) { return contentsFor(view) != nullptr; }
     /// The screen: the window, and over it the topmost alert.
     QImage paintScreen(const UIWindow& window, double scale);
 
@@ -36,11 +31,8 @@ private:
     void paintLooks(Canvas& canvas, const UIView& view, const CGRect& frame);
     void paintOpaque(Canvas& canvas, const UIView& view, const CGRect& frame);
     void paintSubviews(Canvas& canvas, const UIView& view, const CGRect& frame);
-    ViewContents contentsFor(const UIView& view);
 
     DrawingResources resources_;
-    // By class: to ask a view what it is costs more than to paint most of them.
-    std::unordered_map<std::type_index, ViewContents> contents_;
 };
 
 }  // namespace gexlo

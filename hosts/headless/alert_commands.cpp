@@ -1,7 +1,6 @@
 // Alerts and sheets, and answering them.
 #include "hosts/headless/driver_command.h"
-#include "platform/foundation/device.h"
-#include "platform/views/window.h"
+#include "hosts/headless/driver_context.h"
 
 namespace gexlo {
 
@@ -33,9 +32,9 @@ json jsonFromAlert(const UIAlert& alert) {
             {"busy", alert.isBusy()}};
 }
 
-json alert(const json&) {
+json alert(const DriverContext& context, const json&) {
     json stack = json::array();
-    for (const UIAlert& shown : UIWindow::keyWindow().alerts())
+    for (const UIAlert& shown : context.window().alerts())
         stack.push_back(jsonFromAlert(shown));
     json top = stack.empty() ? json() : stack.back();
     return {{"alert", std::move(top)}, {"stack", std::move(stack)}};
@@ -54,8 +53,8 @@ std::size_t buttonOf(const json& fields, const UIAlert& shown) {
     return index;
 }
 
-json answer(const json& fields) {
-    UIWindow& window = UIWindow::keyWindow();
+json answer(const DriverContext& context, const json& fields) {
+    UIWindow& window = context.window();
     if (window.alerts().empty()) throw CommandError("no alert is up");
     const std::size_t button = buttonOf(fields, window.alerts().back());
     std::vector<std::string> texts;
@@ -69,7 +68,7 @@ json answer(const json& fields) {
     if (texts.size() > window.alerts().back().fields.size()) {
         throw CommandError("the alert has fewer fields");
     }
-    Device::current().perform([&] { window.answer(button, texts); });
+    context.device.perform([&] { window.answer(button, texts); });
     return nothing();
 }
 

@@ -1,9 +1,6 @@
 #include "hosts/headless/driver.h"
 
 #include "hosts/headless/driver_command.h"
-#include "hosts/headless/view_search.h"
-#include "platform/foundation/device.h"
-#include "platform/services/application.h"
 
 namespace gexlo {
 
@@ -11,12 +8,10 @@ using nlohmann::json;
 
 namespace {
 
-using Commands = std::span<const DriverCommand>;
-
-const DriverCommand* commandNamed(std::string_view name, Commands ofHost) {
+const DriverCommand* commandNamed(std::string_view name) {
     for (const auto& table :
          {applicationCommands(), stateCommands(), notificationCommands(), viewCommands(),
-          tableCommands(), alertCommands(), typingCommands(), sendingCommands(), ofHost}) {
+          tableCommands(), alertCommands(), typingCommands(), sendingCommands()}) {
         for (const DriverCommand& command : table) {
             if (command.name == name) return &command;
         }
@@ -24,26 +19,27 @@ const DriverCommand* commandNamed(std::string_view name, Commands ofHost) {
     return nullptr;
 }
 
-json run(std::string_view line, Commands ofHost) {
+json run(std::string_view line, const DriverHost& host) {
     if (line.size() > Driver::kLongestLine) throw CommandError("the line is too long");
     const json fields = json::parse(line, nullptr, false);
     const bool hasZero = line.find('\0') != line.npos;  // the end, to the parser
     if (fields.is_discarded() || hasZero) throw CommandError("the line is not JSON");
     if (!fields.is_object()) throw CommandError("the line is no JSON object");
     const std::string name = textField(fields, "cmd");
-    const DriverCommand* command = commandNamed(name, ofHost);
+    const DriverCommand* command = commandNamed(name);
     if (!command) throw CommandError("unknown command \"" + name + "\"");
-    const UIApplication& application = UIApplication::sharedApplication();
-    if (command->needsLaunch && application.applicationState() == UIApplicationState::notRunning) {
+    const DriverContext context{.device = Device::current(),
+                                .application = UIApplication::sharedApplication(),
+                                .host = host};
+    if (command->needsLaunch &&
+        context.application.applicationState() == UIApplicationState::notRunning) {
         throw CommandError("the application was not launched");
     }
-    Device& device = Device::current();
+    Device& device = context.device;
     if (!device.clock().stands()) device.mainQueue().runDue();
-    const std::scoped_lock held(device.lock());
-    RowsInSight rows;
-    json answer = command->run(fields);
-    rows.stay();
-    return answer;
+    std::unique_lock held(device.lock(), std::defer_lock);
+    if (command->holdsDevice) held.lock();
+    return command->run(context, fields);
 }
 
 }  // namespace
@@ -51,7 +47,7 @@ json run(std::string_view line, Commands ofHost) {
 std::string Driver::answer(std::string_view line) {
     json answer;
     try {
-        answer = run(line, ofHost_);
+        answer = run(line, host_);
         answer["ok"] = true;
     } catch (const CommandError& error) {
         answer = {{"ok", false}, {"error", error.what()}};

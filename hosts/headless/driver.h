@@ -1,13 +1,13 @@
 // Plays the application by commands, one JSON object in and one out.
 #pragma once
 
-#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
+
+#include "hosts/headless/driver_context.h"
 
 namespace gexlo {
-
-struct DriverCommand;
 
 /// Works on the device that is installed. Whatever the line holds, it answers: with
 /// `"ok": true` and what was asked, or with `"ok": false` and an error, and then nothing
@@ -17,8 +17,7 @@ public:
     /// Lines longer than this are refused.
     static constexpr std::size_t kLongestLine = std::size_t{64} << 20;
 
-    /// With the commands of its host besides those that every host has.
-    explicit Driver(std::span<const DriverCommand> ofHost = {}) : ofHost_(ofHost) {}
+    explicit Driver(DriverHost host = {}) : host_(std::move(host)) {}
 
     /// The answer to a line, without a line break.
     std::string answer(std::string_view line);
@@ -26,7 +25,7 @@ public:
     void end();
 
 private:
-    std::span<const DriverCommand> ofHost_;
+    DriverHost host_;
 };
 
 }  // namespace gexlo

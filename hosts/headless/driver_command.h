@@ -10,11 +10,15 @@
 
 namespace gexlo {
 
+struct DriverContext;
+
 /// Answers with its own fields; throws a `CommandError` before it has changed anything.
 struct DriverCommand {
     std::string_view name;
-    nlohmann::json (*run)(const nlohmann::json& fields);
+    nlohmann::json (*run)(const DriverContext& context, const nlohmann::json& fields);
     bool needsLaunch = true;
+    /// Off for one that waits: other threads may need the device for what it waits for.
+    bool holdsDevice = true;
 };
 
 /// What is wrong with a command, for its answer.

@@ -5,8 +5,8 @@
 #include "hosts/headless/view_search.h"
 #include "platform/views/button.h"
 #include "platform/views/image_view.h"
-#include "platform/views/scroll_view.h"
 #include "platform/views/slider.h"
+#include "platform/views/table_view.h"
 #include "platform/views/text_input.h"
 
 namespace gexlo {
@@ -54,12 +54,6 @@ void addTint(json& result, const UIColor& tint) {
     if (tint.alpha > 0) result["tint"] = jsonFromColor(tint);
 }
 
-void addLabel(json& result, const UILabel& label) {
-    addText(result, label, label.text());
-    result["textColor"] = jsonFromColor(label.textColor());
-    result["alignment"] = nameOf(label.textAlignment());
-}
-
 void addButton(json& result, const UIButton& button) {
     const bool hasImage = !button.image().isNone();
     addImage(result, button.backgroundImage(), hasImage ? "backgroundImage" : "image");
@@ -70,35 +64,60 @@ void addButton(json& result, const UIButton& button) {
     result["textColor"] = jsonFromColor(button.titleColor());
 }
 
-void addInput(json& result, UITextInput& input) {
-    addText(result, input, input.text());
-    result["textColor"] = jsonFromColor(input.textColor());
-    result["alignment"] = nameOf(input.textAlignment());
-    if (!input.placeholder().empty()) result["placeholder"] = input.placeholder();
-    result["focused"] = input.isFirstResponder();
-    if (const auto* field = dynamic_cast<UITextField*>(&input)) {
-        if (field->isSecureTextEntry()) result["secure"] = true;
-    }
-}
+/// Adds what a view tells by its kind.
+class KindFields final : public ViewVisitor {
+public:
+    explicit KindFields(json& result) : result_(result) {}
 
-void addKind(json& result, UIView& view) {
-    if (const auto* label = dynamic_cast<UILabel*>(&view)) addLabel(result, *label);
-    if (const auto* image = dynamic_cast<UIImageView*>(&view)) {
-        addImage(result, image->image());
-        addTint(result, image->tintColor());
+    void visit(const UIView&) override {}
+    void visit(const UILabel& label) override {
+        addText(result_, label, label.text());
+        result_["textColor"] = jsonFromColor(label.textColor());
+        result_["alignment"] = nameOf(label.textAlignment());
     }
-    if (const auto* button = dynamic_cast<UIButton*>(&view)) addButton(result, *button);
-    if (auto* input = dynamic_cast<UITextInput*>(&view)) addInput(result, *input);
-    if (const auto* slider = dynamic_cast<UISlider*>(&view)) result["value"] = slider->value();
-    if (const auto* control = dynamic_cast<UIControl*>(&view)) {
-        result["enabled"] = control->isEnabled();
-        if (control->isSelected()) result["selected"] = true;
+    void visit(const UIImageView& view) override {
+        addImage(result_, view.image());
+        addTint(result_, view.tintColor());
     }
-    if (const auto* scroll = dynamic_cast<UIScrollView*>(&view)) {
-        result["contentSize"] = {scroll->contentSize().width, scroll->contentSize().height};
-        result["contentOffset"] = {scroll->contentOffset().x, scroll->contentOffset().y};
+    void visit(const UIActivityIndicatorView&) override {}
+    void visit(const UIScrollView& scroll) override {
+        result_["contentSize"] = {scroll.contentSize().width, scroll.contentSize().height};
+        result_["contentOffset"] = {scroll.contentOffset().x, scroll.contentOffset().y};
     }
-}
+    void visit(const UITableView& table) override {
+        visit(static_cast<const UIScrollView&>(table));
+    }
+    void visit(const UITableViewCell&) override {}
+    void visit(const UIControl& control) override {
+        result_["enabled"] = control.isEnabled();
+        if (control.isSelected()) result_["selected"] = true;
+    }
+    void visit(const UIButton& button) override {
+        addButton(result_, button);
+        visit(static_cast<const UIControl&>(button));
+    }
+    void visit(const UISlider& slider) override {
+        result_["value"] = slider.value();
+        visit(static_cast<const UIControl&>(slider));
+    }
+    void visit(const UITextField& field) override {
+        addInput(field);
+        if (field.isSecureTextEntry()) result_["secure"] = true;
+    }
+    void visit(const UITextView& view) override { addInput(view); }
+
+private:
+    void addInput(const UITextInput& input) {
+        addText(result_, input, input.text());
+        result_["textColor"] = jsonFromColor(input.textColor());
+        result_["alignment"] = nameOf(input.textAlignment());
+        if (!input.placeholder().empty()) result_["placeholder"] = input.placeholder();
+        result_["focused"] = input.isFirstResponder();
+        visit(static_cast<const UIControl&>(input));
+    }
+
+    json& result_;
+};
 
 /// Null for a view that is not to be shown.
 json treeOf(UIView& view, bool all) {
@@ -129,7 +148,8 @@ json jsonFromView(UIView& view) {
     if (view.alpha() != 1) result["alpha"] = rounded(view.alpha());
     if (view.isHidden()) result["hidden"] = true;
     if (view.tag() != 0) result["tag"] = view.tag();
-    addKind(result, view);
+    KindFields kind(result);
+    view.accept(kind);
     return result;
 }
 

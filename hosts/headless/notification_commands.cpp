@@ -1,7 +1,7 @@
 // What is scheduled to ring, what rang, and delivering it.
 #include "hosts/headless/driver_command.h"
+#include "hosts/headless/driver_context.h"
 #include "hosts/headless/json_values.h"
-#include "platform/services/application.h"
 #include "platform/services/local_notification.h"
 
 namespace gexlo {
@@ -23,14 +23,14 @@ json jsonFromNotifications(const std::vector<UILocalNotification>& notes) {
     return list;
 }
 
-json notifications(const json&) {
-    const UIApplication& application = UIApplication::sharedApplication();
+json notifications(const DriverContext& context, const json&) {
+    const UIApplication& application = context.application;
     return {{"scheduled", jsonFromNotifications(application.scheduledLocalNotifications())},
             {"rung", jsonFromNotifications(application.rungLocalNotifications())}};
 }
 
-json deliver(const json& fields) {
-    UIApplication& application = UIApplication::sharedApplication();
+json deliver(const DriverContext& context, const json& fields) {
+    UIApplication& application = context.application;
     const auto rung = optionalIndex(fields, "rung");
     const std::size_t index = rung ? *rung : indexField(fields, "index");
     const bool isActive = application.applicationState() == UIApplicationState::active;

@@ -6,10 +6,6 @@
 
 namespace gexlo {
 
-Outbox* Outbox::current() {
-    return dynamic_cast<Outbox*>(Device::current().facts().composers.get());
-}
-
 void Outbox::composeMail(Mail mail, std::function<void(MFMailComposeResult)> finished) {
     composed_ = std::move(mail);
     finished_ = std::move(finished);

@@ -10,9 +10,6 @@ namespace gexlo {
 
 class Outbox final : public Composers {
 public:
-    /// Of the device that is installed; null where it has another.
-    static Outbox* current();
-
     bool canSendMail() override { return canSendMail_; }
     void setCanSendMail(bool can) { canSendMail_ = can; }
     void composeMail(Mail mail, std::function<void(MFMailComposeResult)> finished) override;

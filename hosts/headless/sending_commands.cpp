@@ -1,8 +1,8 @@
 // What leaves the application, and what is handed to it.
 #include "hosts/headless/driver_command.h"
+#include "hosts/headless/driver_context.h"
 #include "hosts/headless/json_values.h"
 #include "hosts/headless/outbox.h"
-#include "platform/services/application.h"
 
 namespace gexlo {
 
@@ -10,14 +10,13 @@ using nlohmann::json;
 
 namespace {
 
-Outbox& theOutbox() {
-    Outbox* outbox = Outbox::current();
-    if (!outbox) throw CommandError("what is sent leaves through the desktop");
-    return *outbox;
+Outbox& outboxOf(const DriverContext& context) {
+    if (!context.host.outbox) throw CommandError("what is sent does not stay here");
+    return *context.host.outbox;
 }
 
-json openURL(const json& fields) {
-    UIApplication::sharedApplication().receiveURL(textField(fields, "url"));
+json openURL(const DriverContext& context, const json& fields) {
+    context.application.receiveURL(textField(fields, "url"));
     return nothing();
 }
 
@@ -31,9 +30,9 @@ json jsonFromMail(const Mail& mail) {
     return {{"subject", mail.subject}, {"body", mail.body}, {"attachments", attachments}};
 }
 
-json outbox(const json&) {
+json outbox(const DriverContext& context, const json&) {
     json mails = json::array();
-    for (const Mail& mail : theOutbox().takeMails())
+    for (const Mail& mail : outboxOf(context).takeMails())
         mails.push_back(jsonFromMail(mail));
     // Nothing else leaves by now.
     return {{"mail", mails},
@@ -42,20 +41,20 @@ json outbox(const json&) {
             {"opened", json::array()}};
 }
 
-json composer(const json& fields) {
+json composer(const DriverContext& context, const json& fields) {
     const std::string result = textField(fields, "result");
     if (result != "sent" && result != "cancelled") {
         throw CommandError(R"("result" is neither "sent" nor "cancelled")");
     }
-    if (!theOutbox().isComposing()) throw CommandError("nothing is being composed");
-    theOutbox().finish(result == "sent" ? MFMailComposeResult::sent
-                                        : MFMailComposeResult::cancelled);
+    Outbox& outbox = outboxOf(context);
+    if (!outbox.isComposing()) throw CommandError("nothing is being composed");
+    outbox.finish(result == "sent" ? MFMailComposeResult::sent : MFMailComposeResult::cancelled);
     return nothing();
 }
 
-json setCanSendMail(const json& fields) {
+json setCanSendMail(const DriverContext& context, const json& fields) {
     if (!fields.contains("value")) throw CommandError("\"value\" is missing");
-    theOutbox().setCanSendMail(flagField(fields, "value", false));
+    outboxOf(context).setCanSendMail(flagField(fields, "value", false));
     return nothing();
 }
 

@@ -1,7 +1,7 @@
 // What the application keeps: store, settings, keychain and log.
 #include "hosts/headless/driver_command.h"
+#include "hosts/headless/driver_context.h"
 #include "hosts/headless/json_values.h"
-#include "platform/foundation/device.h"
 #include "platform/foundation/user_defaults.h"
 #include "platform/foundation/utf8.h"
 #include "platform/services/keychain.h"
@@ -21,13 +21,13 @@ json jsonFromSecret(const Object& secret) {
     return isValidUtf8(text) ? json(text) : json{{"base64", base64FromData(*data)}};
 }
 
-json store(const json&) {
+json store(const DriverContext&, const json&) {
     json store = jsonFromStore(*GXDataManager::manager().managedObjectContext());
     if (store.is_null()) throw CommandError("the store cannot be read");
     return {{"store", std::move(store)}};
 }
 
-json defaults(const json&) {
+json defaults(const DriverContext&, const json&) {
     json suites = json::object();
     for (const auto& [name, values] : userDefaultSuites())
         suites[name] = jsonFromDictionary(values);
@@ -36,7 +36,7 @@ json defaults(const json&) {
             {"suites", std::move(suites)}};
 }
 
-json keychain(const json&) {
+json keychain(const DriverContext&, const json&) {
     json items = json::array();
     for (const NSDictionary& item : keychainItems()) {
         json shown = json::object();
@@ -48,8 +48,8 @@ json keychain(const json&) {
     return {{"items", std::move(items)}};
 }
 
-json log(const json&) {
-    return {{"lines", Device::current().log().take()}};
+json log(const DriverContext& context, const json&) {
+    return {{"lines", context.device.log().take()}};
 }
 
 }  // namespace

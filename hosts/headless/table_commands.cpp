@@ -1,9 +1,8 @@
 // Rows of tables: reading them, and what a person does with them.
 #include "hosts/headless/driver_command.h"
+#include "hosts/headless/driver_context.h"
 #include "hosts/headless/view_search.h"
-#include "platform/foundation/device.h"
 #include "platform/views/table_view.h"
-#include "platform/views/window.h"
 
 namespace gexlo {
 
@@ -35,8 +34,9 @@ json jsonFromRow(UITableView& table, NSIndexPath path) {
     return {{"texts", std::move(texts)}, {isChecked ? "checked" : "accessory", true}};
 }
 
-json rows(const json& fields) {
-    UITableView& table = theViewOf<UITableView>(fields);
+json rows(const DriverContext& context, const json& fields) {
+    ViewSearch search(context, fields);
+    auto& table = search.theViewOf<UITableView>("is no table");
     json sections = json::array();
     for (NSInteger section = 0; section < table.numberOfSections(); ++section) {
         json list = json::array();
@@ -52,57 +52,69 @@ NSIndexPath pathOf(const json& fields, const char* row) {
             static_cast<NSInteger>(indexField(fields, row))};
 }
 
-UITableView& tableInReach(const json& fields) {
-    UITableView& table = theViewOf<UITableView>(fields);
-    if (!UIWindow::keyWindow().canReach(table)) throw CommandError("that table cannot be reached");
-    return table;
-}
+using OnTable = std::function<void(UITableView&)>;
 
-/// The table that a person can touch, with the row in sight.
-UITableView& tableWithRow(const json& fields, NSIndexPath path) {
-    if (!theViewOf<UITableView>(fields).hasRow(path)) throw CommandError("there is no such row");
-    UITableView& table = tableInReach(fields);
-    bringIntoSight(table, path);
-    return table;
-}
-
-/// In a turn of its own; throws for a row that cannot be treated so.
-json treat(const char* refusal, const std::function<bool()>& act) {
-    bool done = false;
-    Device::current().perform([&] { done = act(); });
-    if (!done) throw CommandError(refusal);
+/// Does to a row what a person does to it once it is in sight. `check` throws for one that cannot
+/// be so treated, before anything is scrolled.
+json treat(const DriverContext& context, const json& fields, NSIndexPath path, const OnTable& check,
+           const OnTable& act) {
+    ViewSearch search(context, fields);
+    auto& found = search.theViewOf<UITableView>("is no table");
+    if (!found.hasRow(path)) throw CommandError("there is no such row");
+    check(found);
+    search.bringWithinReach();
+    auto& table = search.theViewOf<UITableView>("is no table");
+    scrollToRow(context, table, path);
+    context.device.perform([&] { act(table); });
     return nothing();
 }
 
-json selectRow(const json& fields) {
+json selectRow(const DriverContext& context, const json& fields) {
     const NSIndexPath path = pathOf(fields, "row");
-    UITableView& table = tableWithRow(fields, path);
-    return treat("that row cannot be selected", [&] { return table.selectRow(path); });
+    const auto check = [path](UITableView& table) {
+        if (!table.canSelectRow(path)) throw CommandError("that row cannot be selected");
+    };
+    return treat(context, fields, path, check,
+                 [path](UITableView& table) { table.selectRow(path); });
 }
 
-json accessory(const json& fields) {
+json accessory(const DriverContext& context, const json& fields) {
     const NSIndexPath path = pathOf(fields, "row");
-    UITableView& table = tableWithRow(fields, path);
-    return treat("that row has no such button", [&] { return table.tapAccessory(path); });
+    const auto check = [path](UITableView& table) {
+        if (!table.canTapAccessory(path)) throw CommandError("that row has no such button");
+    };
+    return treat(context, fields, path, check,
+                 [path](UITableView& table) { table.tapAccessory(path); });
 }
 
-json pull(const json& fields) {
-    UITableView& table = tableInReach(fields);
-    return treat("that table is not refreshed by a pull", [&] { return table.pull(); });
+json pull(const DriverContext& context, const json& fields) {
+    ViewSearch search(context, fields);
+    auto& found = search.theViewOf<UITableView>("is no table");
+    if (!found.canPull()) throw CommandError("that table is not refreshed by a pull");
+    search.bringWithinReach();
+    auto& table = search.theViewOf<UITableView>("is no table");
+    context.device.perform([&] { table.pull(); });
+    return nothing();
 }
 
-json deleteRow(const json& fields) {
+json deleteRow(const DriverContext& context, const json& fields) {
     const NSIndexPath path = pathOf(fields, "row");
-    UITableView& table = tableWithRow(fields, path);
-    return treat("that row cannot be deleted", [&] { return table.requestDelete(path); });
+    const auto check = [path](UITableView& table) {
+        if (!table.canDeleteRow(path)) throw CommandError("that row cannot be deleted");
+    };
+    return treat(context, fields, path, check,
+                 [path](UITableView& table) { table.requestDelete(path); });
 }
 
-json moveRow(const json& fields) {
+json moveRow(const DriverContext& context, const json& fields) {
     const NSIndexPath from = pathOf(fields, "row");
     const NSIndexPath to = pathOf(fields, "to");
-    UITableView& table = tableWithRow(fields, from);
-    if (!table.hasRow(to)) throw CommandError("there is no such row");
-    return treat("that row cannot be moved", [&] { return table.dragRow(from, to); });
+    const auto check = [from, to](UITableView& table) {
+        if (!table.hasRow(to)) throw CommandError("there is no such row");
+        if (!table.canDragRow(from, to)) throw CommandError("that row cannot be moved");
+    };
+    return treat(context, fields, from, check,
+                 [from, to](UITableView& table) { table.dragRow(from, to); });
 }
 
 }  // namespace

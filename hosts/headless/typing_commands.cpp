@@ -1,11 +1,12 @@
 // The keyboard, and controls that are moved to a value.
+#include <functional>
+
 #include "hosts/headless/driver_command.h"
+#include "hosts/headless/driver_context.h"
 #include "hosts/headless/view_search.h"
-#include "platform/foundation/device.h"
 #include "platform/foundation/utf8.h"
 #include "platform/views/slider.h"
 #include "platform/views/text_input.h"
-#include "platform/views/window.h"
 
 namespace gexlo {
 
@@ -16,46 +17,52 @@ namespace {
 /// What the keyboard writes to: a field of the topmost alert, else the one that has the focus.
 class WrittenField {
 public:
-    explicit WrittenField(const json& fields)
-        : place_(placeOf(fields)), isOfAlert_(!window().alerts().empty()) {
-        if (isOfAlert_ && !isThere(fields)) throw CommandError("the alert has no such field");
-        if (!isThere(fields)) throw CommandError("no field has the focus");
+    WrittenField(const DriverContext& context, const json& fields)
+        : device_(context.device),
+          window_(context.window()),
+          place_(placeOf(fields)),
+          isOfAlert_(!window_.alerts().empty()) {
+        const bool isThere = WrittenField::isThere(context, fields);
+        if (isOfAlert_ && !isThere) throw CommandError("the alert has no such field");
+        if (!isThere) throw CommandError("no field has the focus");
         // It may leave the screen by what it is told.
         if (!isOfAlert_) {
-            input_ = std::static_pointer_cast<UITextInput>(
-                window().firstResponder()->shared_from_this());
+            input_ =
+                std::static_pointer_cast<UITextInput>(window_.firstResponder()->shared_from_this());
         }
     }
-    static bool isThere(const json& fields) {
-        if (window().alerts().empty()) return window().firstResponder() && !window().isCovered();
-        return placeOf(fields) < window().alerts().back().fields.size();
+    static bool isThere(const DriverContext& context, const json& fields) {
+        const UIWindow& window = context.window();
+        if (window.alerts().empty()) return window.firstResponder() && !window.isCovered();
+        return placeOf(fields) < window.alerts().back().fields.size();
     }
 
     const std::string& text() const {
-        return isOfAlert_ ? window().alerts().back().fields[place_].text : input_->text();
+        return isOfAlert_ ? window_.alerts().back().fields[place_].text : input_->text();
     }
     void insert(std::string_view text) {
         if (isOfAlert_) return write(this->text() + onOneLine(text));
-        Device::current().perform([&] { input_->insertText(text); });
+        device_.perform([&] { input_->insertText(text); });
     }
     void clear() {
         if (isOfAlert_) return write("");
-        Device::current().perform([&] { input_->deleteAll(); });
+        device_.perform([&] { input_->deleteAll(); });
     }
     /// A field of an alert has no return action.
     void pressReturn() {
-        if (!isOfAlert_) Device::current().perform([&] { input_->returnKey(); });
+        if (!isOfAlert_) device_.perform([&] { input_->returnKey(); });
     }
 
 private:
-    static UIWindow& window() { return UIWindow::keyWindow(); }
     static std::size_t placeOf(const json& fields) {
         return optionalIndex(fields, "field").value_or(0);
     }
     void write(const std::string& text) {
-        Device::current().perform([&] { window().setAlertText(place_, text); });
+        device_.perform([&] { window_.setAlertText(place_, text); });
     }
 
+    Device& device_;
+    UIWindow& window_;
     std::size_t place_;
     bool isOfAlert_;
     std::shared_ptr<UITextInput> input_;
@@ -63,12 +70,12 @@ private:
 
 /// What was typed can move the focus on, as between the fields of a time: the rest goes to
 /// the field that has it then.
-json type(const json& fields) {
+json type(const DriverContext& context, const json& fields) {
     const std::string text = textField(fields, "text");
-    WrittenField first(fields);
+    WrittenField first(context, fields);
     for (const std::string_view character : charactersOf(text)) {
-        if (!WrittenField::isThere(fields)) break;
-        WrittenField field(fields);
+        if (!WrittenField::isThere(context, fields)) break;
+        WrittenField field(context, fields);
         if (character == "\n") {
             field.pressReturn();
         } else {
@@ -78,38 +85,72 @@ json type(const json& fields) {
     return nothing();
 }
 
-json paste(const json& fields) {
+json paste(const DriverContext& context, const json& fields) {
     const std::string text = textField(fields, "text");
-    WrittenField field(fields);
+    WrittenField field(context, fields);
     field.insert(text);
     return {{"text", field.text()}};
 }
 
-json clear(const json& fields) {
-    WrittenField field(fields);
+json clear(const DriverContext& context, const json& fields) {
+    WrittenField field(context, fields);
     field.clear();
     return {{"text", field.text()}};
 }
 
-json returnKey(const json& fields) {
-    WrittenField field(fields);
+json returnKey(const DriverContext& context, const json& fields) {
+    WrittenField field(context, fields);
     field.pressReturn();
     return {{"text", field.text()}};
 }
 
-json set(const json& fields) {
-    UIView& view = theView(fields);
-    auto* slider = dynamic_cast<UISlider*>(&view);
-    if (!slider) throw CommandError("that view has no value to set");
-    const double value = numberField(fields, "value");
-    if (!slider->isEnabled() || !UIWindow::keyWindow().canReach(view)) {
-        throw CommandError("that view cannot be reached");
+/// Reads the value that a kind of control takes; throws for what takes none.
+class ValueReader final : public MutableViewVisitor {
+public:
+    explicit ValueReader(const json& fields) : fields_(fields) {}
+
+    UIControl* control = nullptr;
+    std::function<void()> change;
+    /// What the control holds, for the answer.
+    std::function<json()> held;
+
+    void visit(UIView&) override { refuse(); }
+    void visit(UILabel&) override { refuse(); }
+    void visit(UIImageView&) override { refuse(); }
+    void visit(UIActivityIndicatorView&) override { refuse(); }
+    void visit(UIScrollView&) override { refuse(); }
+    void visit(UITableView&) override { refuse(); }
+    void visit(UITableViewCell&) override { refuse(); }
+    void visit(UIControl&) override { refuse(); }
+    void visit(UIButton&) override { refuse(); }
+    void visit(UISlider& slider) override {
+        const auto value = static_cast<float>(numberField(fields_, "value"));
+        control = &slider;
+        change = [&slider, value] { slider.setValue(value); };
+        held = [&slider] { return slider.value(); };
     }
-    Device::current().perform([&] {
-        slider->setValue(static_cast<float>(value));
-        slider->sendActions(UIControlEvent::valueChanged);
+    void visit(UITextField&) override { refuse(); }
+    void visit(UITextView&) override { refuse(); }
+
+private:
+    [[noreturn]] static void refuse() { throw CommandError("that view has no value to set"); }
+    const json& fields_;
+};
+
+/// Moves what has a value as a finger would.
+json set(const DriverContext& context, const json& fields) {
+    ViewSearch search(context, fields);
+    ValueReader refuser(fields);
+    search.theView().accept(refuser);
+    if (!refuser.control->isEnabled()) throw CommandError("that view is disabled");
+    search.bringWithinReach();
+    ValueReader reader(fields);
+    search.theView().accept(reader);
+    context.device.perform([&] {
+        reader.change();
+        reader.control->sendActions(UIControlEvent::valueChanged);
     });
-    return {{"value", slider->value()}};
+    return {{"value", reader.held()}};
 }
 
 }  // namespace

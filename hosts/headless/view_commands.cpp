@@ -2,11 +2,10 @@
 #include <cmath>
 
 #include "hosts/headless/driver_command.h"
+#include "hosts/headless/driver_context.h"
 #include "hosts/headless/json_views.h"
 #include "hosts/headless/view_search.h"
-#include "platform/foundation/device.h"
 #include "platform/views/scroll_view.h"
-#include "platform/views/window.h"
 
 namespace gexlo {
 
@@ -31,11 +30,14 @@ double coordinate(const json& fields, const char* name) {
     return value;
 }
 
-Target targetOf(const json& fields) {
+Target targetOf(const DriverContext& context, const json& fields) {
     if (fields.contains("x") || fields.contains("y")) {
         return {{coordinate(fields, "x"), coordinate(fields, "y")}};
     }
-    const UIView& view = theView(fields);
+    ViewSearch search(context, fields);
+    // In a row that no finger could scroll to, nothing is touched.
+    if (!search.bringIntoSight()) return {{-kFarthest, -kFarthest}, &search.theView()};
+    const UIView& view = search.theView();
     return {isVisible(view) ? view.visibleRect().center() : view.frameInWindow().center(), &view};
 }
 
@@ -53,61 +55,72 @@ json hitOf(const UIView* hit, const Target& target) {
     return nullptr;
 }
 
-json tree(const json& fields) {
+json tree(const DriverContext& context, const json& fields) {
     const bool all = flagField(fields, "all", false);
-    return {{"tree", jsonFromTree(UIWindow::keyWindow(), all)}};
+    return {{"tree", jsonFromTree(context.window(), all)}};
 }
 
-json find(const json& fields) {
+json find(const DriverContext& context, const json& fields) {
     json views = json::array();
-    for (UIView* view : matchingViews(fields, flagField(fields, "all", false)))
+    const bool all = flagField(fields, "all", false);
+    for (UIView* view : ViewSearch(context, fields).views(all))
         views.push_back(jsonFromView(*view));
     return {{"views", std::move(views)}};
 }
 
-json tap(const json& fields) {
-    const Target target = targetOf(fields);
+json tap(const DriverContext& context, const json& fields) {
+    const Target target = targetOf(context, fields);
     json hit;
-    Device::current().perform([&] {
-        UIWindow& window = UIWindow::keyWindow();
+    UIWindow& window = context.window();
+    context.device.perform([&] {
         hit = hitOf(window.touchDown(target.point), target);
         window.touchUp(target.point);
     });
     return {{"hit", hit}};
 }
 
-json touch(const json& fields) {
+json touch(const DriverContext& context, const json& fields) {
     const std::string phase = textField(fields, "phase");
-    UIWindow& window = UIWindow::keyWindow();
+    UIWindow& window = context.window();
     json hit;
     if (phase == "down" || phase == "up") {
-        const Target target = targetOf(fields);
-        Device::current().perform([&] {
+        const Target target = targetOf(context, fields);
+        context.device.perform([&] {
             const UIView* view =
                 phase == "down" ? window.touchDown(target.point) : window.touchUp(target.point);
             hit = hitOf(view, target);
         });
     } else if (phase == "cancel") {
-        Device::current().perform([&] { window.touchCancel(); });
+        context.device.perform([&] { window.touchCancel(); });
     } else {
         throw CommandError("\"phase\" is none of down, up and cancel");
     }
     return {{"hit", hit}};
 }
 
-json scroll(const json& fields) {
+json scroll(const DriverContext& context, const json& fields) {
     const CGPoint offset{coordinate(fields, "x"), coordinate(fields, "y")};
-    UIScrollView& view = theViewOf<UIScrollView>(fields);
-    if (!UIWindow::keyWindow().canReach(view)) throw CommandError("that view cannot be reached");
-    Device::current().perform([&] { view.dragTo(offset); });
+    ViewSearch search(context, fields);
+    search.theViewOf<UIScrollView>("does not scroll");
+    search.bringWithinReach();
+    auto& view = search.theViewOf<UIScrollView>("does not scroll");
+    context.device.perform([&] { view.dragTo(offset); });
     return {{"contentOffset", {view.contentOffset().x, view.contentOffset().y}}};
+}
+
+json screenshot(const DriverContext& context, const json& fields) {
+    const std::string path = textField(fields, "path");
+    if (!context.host.takeScreenshot) throw CommandError("the screen is not painted here");
+    context.host.takeScreenshot(context, path);
+    return nothing();
 }
 
 }  // namespace
 
 std::span<const DriverCommand> viewCommands() {
     static constexpr DriverCommand kCommands[] = {
-        {"tree", tree}, {"find", find}, {"tap", tap}, {"touch", touch}, {"scroll", scroll},
+        {"tree", tree},   {"find", find},     {"tap", tap},
+        {"touch", touch}, {"scroll", scroll}, {"screenshot", screenshot},
     };
     return kCommands;
 }

@@ -18,13 +18,6 @@ namespace {
 
 /// Points of black above and below the screen, for what slides beyond it.
 constexpr double kOuterBar = 200;
-/// The bubble before it slides down; it ends where the title begins.
-constexpr CGRect kBubble{8, 0, GXDateView::kWidth - 8, 44};
-constexpr double kBubbleNameY = 5;
-constexpr double kBubbleNameHeight = 18;
-constexpr double kBubbleSlide = 0.2;
-/// Seconds that the bubble stands at least.
-constexpr double kBubbleStands = 1.4;
 
 }  // namespace
 
@@ -33,6 +26,7 @@ GXMainView::GXMainView() : view_(std::make_shared<UIView>()) {
     GXUIManager& manager = GXUIManager::manager();
     manager.setMainView(this);
     manager.setTopTitleView(titleView_);
+    manager.setDateView(&topMenu_->dateView());
     initAppInformationFromCoreData();
     setCurrentTimetableFromCoreData();
     setTimetablePosition(
@@ -43,6 +37,7 @@ GXMainView::~GXMainView() {
     GXUIManager& manager = GXUIManager::manager();
     manager.setMainView(nullptr);
     manager.setTopTitleView(nullptr);
+    manager.setDateView(nullptr);
 }
 
 /// From bottom to top.
@@ -58,15 +53,17 @@ void GXMainView::buildViews() {
     backgroundImageView_->setAccessibilityIdentifier("backgroundImageView");
     view_->addSubview(timetablePallet_.view());
     topMenu_ = &view_->add<TopMenu>(width, top);
-    addLessonView_ = std::make_shared<GXAddLessonView>(*this);
-    view_->addSubview(addLessonView_);
+    std::get<LessonFlow*>(flows_) = &lessonEditing_.emplace(*this);
+    view_->addSubview(lessonEditing_->addLessonView());
     titleView_ = &view_->add<GXTitleView>(width, top);
-    buildClasshourBubble();
+    std::get<ClassHourFlow*>(flows_) =
+        &classHourBubble_.emplace(*view_, *titleView_, topMenu_->dateView());
     bottomMenu_ = &view_->add<GXBottomMenu>(
         CGRect{0, height - screen.bottomViewHeight, width, screen.bottomViewHeight});
     statusBarBase_ = &addBar("statusBarBase", {0, 0, width, top}, UIColor::blackColor());
     addBar("", {0, -kOuterBar, width, kOuterBar}, UIColor::blackColor());
     addBar("", {0, height, width, kOuterBar}, UIColor::blackColor());
+    panels_.emplace(*view_);
     setThemes();
 }
 
@@ -77,44 +74,14 @@ UIView& GXMainView::addBar(const char* identifier, CGRect frame, UIColor color) 
     return bar;
 }
 
-void GXMainView::buildClasshourBubble() {
-    classhourBaseView_ = &view_->add<UIView>(kBubble);
-    classhourBaseView_->setAccessibilityIdentifier("classhourBaseView");
-    classhourBaseView_->setUserInteractionEnabled(false);
-    classhourBaseView_->setHidden(true);
-    const struct {
-        UILabel*& label;
-        const char* identifier;
-        CGRect frame;
-        UIFont font;
-    } labels[] = {
-        {lblPeriodName_,
-         "lblPeriodName",
-         {2, kBubbleNameY, kBubble.width - 4, kBubbleNameHeight},
-         UIFont::boldSystemFontOfSize(13)},
-        {lblClasshour_,
-         "lblClasshour",
-         {2, 22, kBubble.width - 4, 16},
-         UIFont::systemFontOfSize(11)},
-    };
-    for (const auto& [label, identifier, frame, font] : labels) {
-        label = &classhourBaseView_->add<UILabel>(frame);
-        label->setAccessibilityIdentifier(identifier);
-        label->setFont(font);
-        label->setTextColor(UIColor::whiteColor());
-        label->setMinimumScaleFactor(0.7);
-    }
-}
-
 void GXMainView::setThemes() {
     topMenu_->setThemes();
     titleView_->setThemes();
     topMenu_->dateView().setThemes();
     bottomMenu_->setThemes();
-    addLessonView_->setThemes();
-    const UIColor chrome = GXThemeManager::manager().topMenuBackgroundColor;
-    statusBarBase_->setBackgroundColor(chrome);
-    classhourBaseView_->setBackgroundColor(chrome);
+    lessonEditing_->addLessonView()->setThemes();
+    classHourBubble_->setThemes();
+    statusBarBase_->setBackgroundColor(GXThemeManager::manager().topMenuBackgroundColor);
 }
 
 void GXMainView::initAppInformationFromCoreData() {
@@ -177,91 +144,17 @@ void GXMainView::updateAlarms() {
     }
 }
 
-void GXMainView::addPanel(std::shared_ptr<UIView> panel) {
-    view_->addSubview(std::move(panel));
-}
-
 void GXMainView::lockMenu(bool locked) {
     bottomMenu_->setIsLocked(locked);
     topMenu_->dateView().setIsLocked(locked);
 }
 
-// MARK: the panel of a subject
-
-void GXMainView::openAddMode() {
-    addLessonView_->openAddMode();
-}
-
-void GXMainView::openEditMode(GXLessonData& lesson) {
-    addLessonView_->openEditMode(lesson);
-}
-
-void GXMainView::saveLesson() {
-    addLessonView_->save();
-}
-
-void GXMainView::cancelLessonEditing() {
-    addLessonView_->cancel();
-}
-
-void GXMainView::showColorSelectViewWithColorIndex_andFontColorIndex(NSInteger color,
-                                                                     NSInteger fontColor) {
-    const auto selector = std::make_shared<GXColorSelector>(view_->bounds(), *this);
-    addPanel(selector);
-    selector->showWithColorIndex_andFontColorIndex(color, fontColor);
-}
-
-void GXMainView::colorSelected_andFontColor(NSInteger color, NSInteger fontColor) {
-    addLessonView_->setSubjectColorByIndex_andFontColor(color, fontColor);
-}
-
-// MARK: the bubble
-
-void GXMainView::showClassHour_periodName(const std::string& classHour,
-                                          const std::string& periodName) {
-    classhourBeginTime_ = NSDate::date();
-    titleView_->cancelButtonHidden(true);
-    lblPeriodName_->setText(periodName);
-    lblClasshour_->setText(classHour);
-    // A name without an hour stands in the middle.
-    const double nameY =
-        classHour.empty() ? (kBubble.height - kBubbleNameHeight) / 2 : kBubbleNameY;
-    lblPeriodName_->setFrame({2, nameY, kBubble.width - 4, kBubbleNameHeight});
-    classhourBaseView_->setHidden(false);
-    classhourBaseView_->setFrame(kBubble);
-    UIView::animateWithDuration(kBubbleSlide, [&] {
-        classhourBaseView_->setFrame(
-            kBubble.offsetBy({0, GXUIManager::manager().statusBarHeight()}));
-    });
-    topMenu_->dateView().hide();
-}
-
-void GXMainView::hideClassHour() {
-    if (NSDate::date().timeIntervalSinceDate(classhourBeginTime_) < kBubbleStands) return;
-    titleView_->cancelButtonHidden(false);
-    classhourBaseView_->setFrame(kBubble);
-    classhourBaseView_->setHidden(true);
-    lblPeriodName_->setText("");
-    lblClasshour_->setText("");
-    topMenu_->dateView().show();
-}
-
-// MARK: menus
-
 void GXMainView::openMoreMenu() {
     const auto menu = std::make_shared<GXMoreMenu>(view_->bounds());
-    addPanel(menu);
+    panels_->present(menu);
     NSNotificationCenter::defaultCenter().postNotificationName(GX_NOTI_LESSON_INFO_CLOSE);
     lockMenu(true);
     menu->open();
-}
-
-void GXMainView::dateViewAbsence(int count) {
-    topMenu_->dateView().setAbsenceCount(count);
-}
-
-void GXMainView::dateViewLateness(int count) {
-    topMenu_->dateView().setLatenessCount(count);
 }
 
 }  // namespace gexlo

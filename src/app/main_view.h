@@ -2,15 +2,15 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
-#include "platform/foundation/date.h"
+#include "app/class_hour_bubble.h"
+#include "app/lesson_editing.h"
 #include "platform/views/image_view.h"
-#include "platform/views/label.h"
 #include "presentation/grid/timetable_pallet.h"
 #include "presentation/main_screen.h"
-#include "presentation/panels/add_lesson_view.h"
 #include "presentation/panels/bottom_menu.h"
-#include "presentation/panels/color_selector.h"
+#include "presentation/panels/panel_stack.h"
 #include "presentation/panels/title_view.h"
 #include "presentation/panels/top_menu.h"
 
@@ -19,9 +19,7 @@ namespace gexlo {
 class GXTimetableData;
 class NSManagedObjectContext;
 
-class GXMainView final : public MainScreen,
-                         public GXAddLessonViewDelegate,
-                         public GXColorSelectorDelegate {
+class GXMainView final : public MainScreen {
 public:
     /// Builds the screen and loads the timetable that is to be shown first.
     GXMainView();
@@ -44,50 +42,37 @@ public:
         timetablePallet_.setTimetablePosition(position);
     }
     const GXTimetablePallet& timetablePallet() const { return timetablePallet_; }
+    LessonEditing& lessonEditing() { return *lessonEditing_; }
 
     /// Clears the alarms of placements whose period the edited settings no longer show.
     void updateAlarms();
 
-    void addPanel(std::shared_ptr<UIView> panel) override;
+    PanelStack& panels() override { return *panels_; }
+    const Flows& flows() const override { return flows_; }
     void lockMenu(bool locked) override;
-    void openAddMode() override;
-    void openEditMode(GXLessonData& lesson) override;
-    void saveLesson() override;
-    void cancelLessonEditing() override;
-    void showClassHour_periodName(const std::string& classHour,
-                                  const std::string& periodName) override;
-    /// Not before the bubble has stood for a while.
-    void hideClassHour() override;
     void openMoreMenu() override;
-    void dateViewAbsence(int count) override;
-    void dateViewLateness(int count) override;
-
-    void showColorSelectViewWithColorIndex_andFontColorIndex(NSInteger color,
-                                                             NSInteger fontColor) override;
-    void colorSelected_andFontColor(NSInteger color, NSInteger fontColor) override;
 
     /// The data manager's, on which the screen works.
     NSManagedObjectContext* context() const { return context_; }
 
 private:
     void buildViews();
-    void buildClasshourBubble();
     UIView& addBar(const char* identifier, CGRect frame, UIColor color);
     GXTimetableData& timetableToLoad();
 
     NSManagedObjectContext* context_ = nullptr;
     std::shared_ptr<UIView> view_;
     GXTimetablePallet timetablePallet_;
-    NSDate classhourBeginTime_;
+    std::optional<LessonEditing> lessonEditing_;
+    std::optional<ClassHourBubble> classHourBubble_;
+    std::optional<PanelStack> panels_;
+    /// Those of the two above. No other has a panel yet.
+    Flows flows_;
 
     // Subviews of the view.
     UIImageView* backgroundImageView_ = nullptr;
     TopMenu* topMenu_ = nullptr;
-    std::shared_ptr<GXAddLessonView> addLessonView_;
     GXTitleView* titleView_ = nullptr;
-    UIView* classhourBaseView_ = nullptr;
-    UILabel* lblPeriodName_ = nullptr;
-    UILabel* lblClasshour_ = nullptr;
     GXBottomMenu* bottomMenu_ = nullptr;
     UIView* statusBarBase_ = nullptr;
 };

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <initializer_list>
-#include <map>
 #include <string>
 #include <type_traits>
 #include <variant>
@@ -13,6 +12,7 @@
 #include "exchange/exchange_format.h"
 #include "platform/foundation/device.h"
 #include "platform/foundation/log.h"
+#include "platform/foundation/string_format.h"
 #include "platform/persistence/statement.h"
 #include "store/data_manager.h"
 
@@ -79,22 +79,6 @@ void removeFile(const NSURL& path) {
     std::error_code ignored;
     std::filesystem::remove(path, ignored);
 }
-
-/// Statements that are run for many rows, each prepared once.
-class StatementCache {
-public:
-    /// Ready to be bound and stepped; null when the text does not compile. The text is a
-    /// constant: its place tells it from others.
-    sqlite3_stmt* statement(sqlite3* database, const char* sql) {
-        const auto [found, isNew] = statements_.try_emplace(sql);
-        if (isNew) found->second = prepare(database, sql);
-        if (found->second) sqlite3_reset(found->second.get());
-        return found->second.get();
-    }
-
-private:
-    std::map<const char*, Statement> statements_;
-};
 
 class Writer {
 public:
@@ -234,13 +218,17 @@ private:
     void logDatabaseError() const { NSLog("%s", sqlite3_errmsg(database_.get())); }
 
     Database database_;
-    StatementCache statements_;  // ends before the database
+    StatementCache statements_;
     ExchangeBounds bounds_;
     bool isOpen_ = false;
     bool hasFailed_ = false;
 };
 
 }  // namespace
+
+std::string exportMessage(ExportError error) {
+    return stringWithFormat("Failed to generate data file (%d)", static_cast<int>(error));
+}
 
 bool writeExchangeFile(const GXTimetableData& timetable, const NSURL& path, ExportError& error) {
     removeFile(path);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "platform/foundation/file_manager.h"
 
@@ -16,6 +17,9 @@ enum class ExportError : std::int32_t {
     cannotCreate = 17,
     cannotWrite = 18,
 };
+
+/// What a person is told of it, in English everywhere.
+std::string exportMessage(ExportError error);
 
 /// Writes the file anew; whether it is whole enough to be sent. A row of a subject or item that
 /// cannot be written sets the error and is left out. What no reader would take in whole is not

@@ -269,7 +269,8 @@ bool ForeignDatabase::forEachRow(const char* sql, std::initializer_list<NSIntege
     if (!isWithinBounds() || !plainTables_.contains(tableOf(sql))) return false;
     const auto byOwner = bound.size() == 0 ? rowsByOwner_.end() : rowsByOwner_.find(tableOf(sql));
     const bool isByRow = byOwner != rowsByOwner_.end();
-    sqlite3_stmt* prepared = statement(sql, isByRow ? " AND rowid=?" : "");
+    sqlite3_stmt* prepared = statements_.statement(
+        database_.get(), sql, [&] { return unindexed(sql) + (isByRow ? " AND rowid=?" : ""); });
     if (!prepared) return false;
     int place = 0;
     for (const NSInteger value : bound)
@@ -283,12 +284,6 @@ bool ForeignDatabase::forEachRow(const char* sql, std::initializer_list<NSIntege
         readRows(prepared, read);
     }
     return true;
-}
-
-sqlite3_stmt* ForeignDatabase::statement(const char* sql, const char* addition) {
-    const auto [found, isNew] = statements_.try_emplace(sql);
-    if (isNew) found->second = prepare(database_.get(), unindexed(sql) + addition);
-    return found->second.get();
 }
 
 void ForeignDatabase::readRows(sqlite3_stmt* statement,

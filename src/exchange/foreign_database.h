@@ -69,7 +69,6 @@ private:
     void load();
     bool isPlain(const char* table);
     void lookOver(const char* table, const std::string& key);
-    sqlite3_stmt* statement(const char* sql, const char* addition);
     void readRows(sqlite3_stmt* statement, const std::function<void(ForeignRow&)>& read);
 
     ExchangeBounds bounds_;
@@ -83,7 +82,7 @@ private:
     /// equals no integer has none and is never asked for.
     using RowsByOwner = std::unordered_map<NSInteger, std::vector<NSInteger>>;
     std::map<std::string_view, RowsByOwner> rowsByOwner_;
-    std::map<const char*, Statement> statements_;  // by their text's place; end before the database
+    StatementCache statements_;
 };
 
 }  // namespace gexlo

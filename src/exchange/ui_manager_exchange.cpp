@@ -21,19 +21,6 @@ namespace {
 constexpr const char* kDataFile = "timetable_data_file.gexlo";
 constexpr const char* kStorePage = "https://gexlo.example/iphone";
 
-/// Not for translation, as are its callers' titles.
-std::string exportMessage(ExportError error) {
-    switch (error) {
-        case ExportError::cannotOpen:
-        case ExportError::cannotCreate:
-        case ExportError::cannotWrite:
-            return stringWithFormat("Failed to generate data file (%d)", static_cast<int>(error));
-        case ExportError::unknown:
-            break;
-    }
-    return "Failed to generate data file (10)";
-}
-
 std::string mailBody(const GXTimetableData& timetable) {
     const std::string line(28, '=');
     return stringWithFormat("%@\n\n\n%@\n  %@ for iPhone\n  App Store  :  %s\n%@",

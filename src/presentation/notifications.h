@@ -2,7 +2,16 @@
 // the keys of what they carry. Observers run within the post.
 #pragma once
 
+#include <memory>
+
+#include "platform/foundation/notification_center.h"
+
 namespace gexlo {
+
+class GXCellView;
+class GXDayNPeriodData;
+class GXLessonData;
+struct Placements;
 
 inline constexpr const char* GX_NOTI_SET_LESSONS = "GX_NOTI_SET_LESSONS";
 inline constexpr const char* GX_NOTI_BEGIN_ADD_LESSON = "GX_NOTI_BEGIN_ADD_LESSON";
@@ -21,14 +30,15 @@ inline constexpr const char* GX_NOTI_UPDATE_SCHEDULE_ICON = "GX_NOTI_UPDATE_SCHE
 
 namespace user_info {
 
-inline constexpr const char* kLessonData = "lessonData";  ///< GXLessonData*
-inline constexpr const char* kClasstimes = "classtimes";  ///< SharedPlacements
-inline constexpr const char* kClasstime = "classtime";    ///< GXDayNPeriodData*
-inline constexpr const char* kPositionX = "positionX";    ///< int, points
-inline constexpr const char* kPositionY = "positionY";    ///< int, points
-inline constexpr const char* kWeekNo = "weekNo";          ///< int
-inline constexpr const char* kLessonCell = "lessonCell";  ///< std::shared_ptr<GXCellView>
-inline constexpr const char* kBottomViewClosed = "bottomViewClosed";  ///< bool
+inline constexpr UserInfoKey<GXLessonData*> kLessonData{"lessonData"};
+/// Every observer reads the same.
+inline constexpr UserInfoKey<std::shared_ptr<const Placements>> kClasstimes{"classtimes"};
+inline constexpr UserInfoKey<GXDayNPeriodData*> kClasstime{"classtime"};
+inline constexpr UserInfoKey<int> kPositionX{"positionX"};  ///< points
+inline constexpr UserInfoKey<int> kPositionY{"positionY"};  ///< points
+inline constexpr UserInfoKey<int> kWeekNo{"weekNo"};
+inline constexpr UserInfoKey<std::shared_ptr<GXCellView>> kLessonCell{"lessonCell"};
+inline constexpr UserInfoKey<bool> kBottomViewClosed{"bottomViewClosed"};
 
 }  // namespace user_info
 

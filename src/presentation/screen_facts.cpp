@@ -6,7 +6,6 @@ namespace gexlo {
 
 namespace {
 
-constexpr float kTopMenuHeight = 44;
 constexpr float kTallFrom = 500;
 constexpr float kWideFrom = 380;
 constexpr float kTallestFrom = 812;  // such screens have a bar of their own at the foot
@@ -30,7 +29,7 @@ ScreenFacts screenFacts(float width, float height, float statusBarHeight) {
     facts.screenWidth = width;
     facts.bottomViewHeight = facts.screenHeight >= kTallestFrom ? 79 : 55;
     facts.contentFullHeight =
-        facts.screenHeight - kTopMenuHeight - facts.bottomViewHeight - statusBarHeight;
+        facts.screenHeight - ScreenFacts::kTopMenuHeight - facts.bottomViewHeight - statusBarHeight;
     facts.contentSmallHeight = facts.contentFullHeight -
                                static_cast<float>(DefaultValues::shared().CLASS_INFO_VIEW_HEIGHT);
     facts.isTallerScreen = facts.screenHeight > kTallFrom;

@@ -4,6 +4,9 @@
 namespace gexlo {
 
 struct ScreenFacts {
+    /// Of the bar at the top and of what drops over it.
+    static constexpr float kTopMenuHeight = 44;
+
     float statusBarHeight = 0;
     float screenHeight = 0;
     float screenWidth = 0;

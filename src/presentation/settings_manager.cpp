@@ -15,33 +15,33 @@ GXSettingsManager::GXSettingsManager() = default;
 GXSettingsManager::~GXSettingsManager() = default;
 
 void GXSettingsManager::setData(const GXTimetableData& timetable) {
-    timetableNo_ = timetable.index.get();
-    timetableName_ = timetable.name.get();
-    firstDay_ = timetable.firstDay.get();
-    lastDay_ = timetable.lastDay.get();
-    firstPeriod_ = timetable.firstPeriod.get();
-    lastPeriod_ = timetable.lastPeriod.get();
-    useHalfPeriods_ = timetable.useHalfPeriods.get();
-    daysToNumbers_ = timetable.daysToNumbers.get();
-    classHourChanged_ = false;
-    useSameClasshours_ = timetable.useSameClasshours.get();
-    numWeeks_ = timetable.numWeeks.get();
-    daysOnLeft_ = timetable.daysOnLeft.get();
-    showClasshours_ = timetable.showClasstimes.get();
-    subjectTextSize_ = timetable.textSize.get();
-    colorBorder_ = timetable.colorBorder.get();
-    colorTableBack_ = timetable.colorTableBack.get();
-    colorDaysBack_ = timetable.colorDaysBack.get();
-    colorDaysFont_ = timetable.colorDaysFont.get();
-    colorPeriodsBack_ = timetable.colorPeriodsBack.get();
-    colorPeriodsFont_ = timetable.colorPeriodsFont.get();
-    alphaBorder_ = timetable.alphaBorder.get();
-    alphaTableBack_ = timetable.alphaTableBack.get();
-    alphaDaysBack_ = timetable.alphaDaysBack.get();
-    alphaPeriodsBack_ = timetable.alphaPeriodsBack.get();
-    backgroundImageName_ = timetable.backgroundImage.get();
+    timetableNo = timetable.index.get();
+    timetableName = timetable.name.get();
+    firstDay = timetable.firstDay.get();
+    lastDay = timetable.lastDay.get();
+    firstPeriod = timetable.firstPeriod.get();
+    lastPeriod = timetable.lastPeriod.get();
+    useHalfPeriods = timetable.useHalfPeriods.get();
+    daysToNumbers = timetable.daysToNumbers.get();
+    classHourChanged = false;
+    useSameClasshours = timetable.useSameClasshours.get();
+    numWeeks = timetable.numWeeks.get();
+    daysOnLeft = timetable.daysOnLeft.get();
+    showClasshours = timetable.showClasstimes.get();
+    subjectTextSize = timetable.textSize.get();
+    colorBorder = timetable.colorBorder.get();
+    colorTableBack = timetable.colorTableBack.get();
+    colorDaysBack = timetable.colorDaysBack.get();
+    colorDaysFont = timetable.colorDaysFont.get();
+    colorPeriodsBack = timetable.colorPeriodsBack.get();
+    colorPeriodsFont = timetable.colorPeriodsFont.get();
+    alphaBorder = timetable.alphaBorder.get();
+    alphaTableBack = timetable.alphaTableBack.get();
+    alphaDaysBack = timetable.alphaDaysBack.get();
+    alphaPeriodsBack = timetable.alphaPeriodsBack.get();
+    backgroundImageName = timetable.backgroundImage.get();
     periodsInfo_ = std::make_unique<GXPeriodsController>(timetable);
-    themeType_ = GXThemeManager::manager().themeType();
+    themeType = GXThemeManager::manager().themeType();
 }
 
 void GXSettingsManager::setPeriodsInfo(std::unique_ptr<GXPeriodsController> periods) {
@@ -50,8 +50,7 @@ void GXSettingsManager::setPeriodsInfo(std::unique_ptr<GXPeriodsController> peri
 
 void GXSettingsManager::updatePeriodsInfo() {
     if (!periodsInfo_) return;
-    periodsInfo_->setFirstPeriod_lastPeriod_useHalfPeriods(firstPeriod_, lastPeriod_,
-                                                           useHalfPeriods_);
+    periodsInfo_->setFirstPeriod_lastPeriod_useHalfPeriods(firstPeriod, lastPeriod, useHalfPeriods);
 }
 
 }  // namespace gexlo

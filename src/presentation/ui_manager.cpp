@@ -7,9 +7,17 @@
 #include "platform/foundation/notification_center.h"
 #include "platform/views/alert.h"
 #include "platform/views/screen.h"
+#include "presentation/flows/attendance_flow.h"
+#include "presentation/flows/class_hour_flow.h"
+#include "presentation/flows/community_flow.h"
+#include "presentation/flows/lesson_flow.h"
+#include "presentation/flows/schedule_flow.h"
+#include "presentation/flows/timetable_flow.h"
 #include "presentation/grid/cell_view.h"
 #include "presentation/main_screen.h"
 #include "presentation/notifications.h"
+#include "presentation/panels/date_view.h"
+#include "presentation/panels/panel_stack.h"
 #include "presentation/panels/slot_reveal.h"
 #include "presentation/panels/subject_list_view.h"
 #include "presentation/panels/title_view.h"
@@ -47,6 +55,11 @@ void GXUIManager::resetSelectedCells() {
     selectedCells_.clear();
 }
 
+const Flows& GXUIManager::flows() const {
+    static constexpr Flows none;
+    return mainView_ ? mainView_->flows() : none;
+}
+
 void GXUIManager::lockMenu(bool locked) {
     if (mainView_) mainView_->lockMenu(locked);
 }
@@ -55,7 +68,7 @@ void GXUIManager::openAddLessonView() {
     lockMenu(true);
     stateAddLessonMode();
     resetSelectedCells();
-    if (mainView_) mainView_->openAddMode();
+    ask(&LessonFlow::openAddMode);
     NSNotificationCenter::defaultCenter().postNotificationName(GX_NOTI_BEGIN_ADD_LESSON);
 }
 
@@ -64,9 +77,9 @@ void GXUIManager::openEditLessonView(GXLessonData* lesson) {
     lockMenu(true);
     stateEditLessonMode();
     resetSelectedCells();
-    if (mainView_) mainView_->openEditMode(*lesson);
+    ask(&LessonFlow::openEditMode, *lesson);
     NSNotificationCenter::defaultCenter().postNotificationName(GX_NOTI_BEGIN_EDIT_LESSON,
-                                                               {{user_info::kLessonData, lesson}});
+                                                               {user_info::kLessonData(lesson)});
     revealFirstSlot(selectedCells_);
 }
 
@@ -74,42 +87,46 @@ void GXUIManager::openLessonSelector() {
     if (!mainView_) return;
     lockMenu(true);
     const auto list = std::make_shared<SubjectListView>();
-    mainView_->addPanel(list);
+    mainView_->panels().present(list);
     list->show();
     NSNotificationCenter::defaultCenter().postNotificationName(GX_NOTI_LESSON_INFO_CLOSE);
 }
 
 void GXUIManager::showClassHour_periodName(const std::string& classHour,
                                            const std::string& periodName) {
-    if (mainView_) mainView_->showClassHour_periodName(classHour, periodName);
+    ask(&ClassHourFlow::showClassHour_periodName, classHour, periodName);
 }
 
 void GXUIManager::hideClassHour() {
-    if (mainView_) mainView_->hideClassHour();
+    ask(&ClassHourFlow::hideClassHour);
 }
 
 void GXUIManager::saveLesson() {
-    if (mainView_) mainView_->saveLesson();
+    ask(&LessonFlow::saveLesson);
 }
 
 void GXUIManager::cancelLessonEditing() {
-    if (mainView_) mainView_->cancelLessonEditing();
+    ask(&LessonFlow::cancelLessonEditing);
 }
 
 void GXUIManager::setCurrentTimetable() {
     if (mainView_) mainView_->setCurrentTimetableFromCoreData();
 }
 
-void GXUIManager::dateViewAbsence(int count) {
-    if (mainView_) mainView_->dateViewAbsence(count);
-}
-
-void GXUIManager::dateViewLateness(int count) {
-    if (mainView_) mainView_->dateViewLateness(count);
-}
-
 void GXUIManager::closeScheduleView() {
-    if (mainView_) mainView_->closeScheduleView();
+    ask(&ScheduleFlow::closeScheduleView);
+}
+
+void GXUIManager::openTimetableList() {
+    ask(&TimetableFlow::openTimetableList);
+}
+
+void GXUIManager::openAbsenceCountView(GXLessonData* lesson) {
+    ask(&AttendanceFlow::openAbsenceCountView, lesson);
+}
+
+void GXUIManager::openTessaly() {
+    ask(&CommunityFlow::openTessaly);
 }
 
 void GXUIManager::showAlertView_message(const std::string& title, const std::string& message) {
@@ -130,6 +147,14 @@ void GXUIManager::closeTopTitleViewAnimated(bool animated) {
 
 void GXUIManager::lockScheduleButtonInTopTitleView(bool locked) {
     if (topTitleView_) topTitleView_->scheduleLock(locked);
+}
+
+void GXUIManager::dateViewAbsence(int count) {
+    if (dateView_) dateView_->setAbsenceCount(count);
+}
+
+void GXUIManager::dateViewLateness(int count) {
+    if (dateView_) dateView_->setLatenessCount(count);
 }
 
 }  // namespace gexlo

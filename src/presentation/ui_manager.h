@@ -5,15 +5,20 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <tuple>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "platform/foundation/types.h"
 #include "platform/views/color.h"
+#include "presentation/flows/flows.h"
 #include "presentation/screen_facts.h"
 
 namespace gexlo {
 
 class GXCellView;
+class GXDateView;
 class GXLessonData;
 class GXPeriodsController;
 class GXTimetableData;
@@ -83,6 +88,20 @@ public:
 
     void setMainView(MainScreen* screen) { mainView_ = screen; }
     MainScreen* mainView() const { return mainView_; }
+    /// Null where its panels are not there.
+    template <typename Flow>
+    Flow* flow() const {
+        return std::get<Flow*>(flows());
+    }
+    /// Has a flow do one of its operations. Does nothing, and says so, where there is no such flow.
+    template <typename Flow, typename... Arguments>
+    bool ask(void (Flow::*operation)(Arguments...),
+             std::type_identity_t<Arguments>... arguments) const {
+        Flow* asked = flow<Flow>();
+        if (asked) (asked->*operation)(std::forward<Arguments>(arguments)...);
+        return asked != nullptr;
+    }
+
     void lockMenu(bool locked);
     void openAddLessonView();
     /// Nothing happens without a subject.
@@ -95,14 +114,12 @@ public:
     void hideClassHour();
     /// Loads what has become the current timetable.
     void setCurrentTimetable();
-    void dateViewAbsence(int count);
-    void dateViewLateness(int count);
     void closeScheduleView();
+    void openTimetableList();
+    void openAbsenceCountView(GXLessonData* lesson);
+    void openTessaly();
     /// An alert with one button after which nothing follows.
     void showAlertView_message(const std::string& title, const std::string& message);
-
-    /// The community has no screen yet: nothing happens.
-    void openTessaly() {}
 
     // MARK: exchange files; defined in exchange/
 
@@ -116,15 +133,21 @@ public:
     /// it is there; any other status (see `ImportStatus`) has changed nothing.
     std::int32_t openTimetableFromDataFile(const std::string& url);
 
-    // MARK: the title view, where there is one
+    // MARK: the title view and the date view, where there is one
 
     void setTopTitleView(GXTitleView* view) { topTitleView_ = view; }
+    void setDateView(GXDateView* view) { dateView_ = view; }
     void openTopTitleViewWithScheduleIndex(NSInteger index);
     void setScheduleIndexInTopTitleView(NSInteger index);
     void closeTopTitleViewAnimated(bool animated);
     void lockScheduleButtonInTopTitleView(bool locked);
+    // Counts of the open subject.
+    void dateViewAbsence(int count);
+    void dateViewLateness(int count);
 
 private:
+    const Flows& flows() const;
+
     ScreenFacts screen_;
     NSInteger numDays_ = 0;
     bool useSameClasshours_ = false;
@@ -137,7 +160,9 @@ private:
     UIColor selectedFontColor_;
     std::string selectedRoom_;
     MainScreen* mainView_ = nullptr;
-    GXTitleView* topTitleView_ = nullptr;  // of the main screen
+    // Of the main screen.
+    GXTitleView* topTitleView_ = nullptr;
+    GXDateView* dateView_ = nullptr;
 };
 
 }  // namespace gexlo

@@ -1,20 +1,16 @@
 // What the tests of alarms share: a launched phone, and what it has scheduled.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include "platform/services/application.h"
 #include "platform/services/local_notification.h"
-#include "support/phone.h"
+#include "support/launched_phone.h"
 
 namespace gexlo::test {
 
 using Texts = std::vector<std::string>;
 
-class Alarms : public ::testing::Test {
+class Alarms : public LaunchedPhone {
 protected:
-    Alarms() { phone.launch(); }
-    GXDataManager& manager() { return phone.manager(); }
     static UIApplication& application() { return UIApplication::sharedApplication(); }
     static std::vector<UILocalNotification> scheduled() {
         return application().scheduledLocalNotifications();
@@ -38,8 +34,6 @@ protected:
         items.addObject(item);
         return item;
     }
-
-    Phone phone;
 };
 
 }  // namespace gexlo::test

@@ -119,8 +119,8 @@ TEST_F(ClassAlarms, periods_that_are_no_longer_shown_lose_theirs_and_the_others_
     const auto before = scheduled();
     GXSettingsManager& settings = GXSettingsManager::manager();
     settings.setData(phone.timetable());
-    settings.setLastPeriod(8);
-    settings.setUseHalfPeriods(false);
+    settings.lastPeriod = 8;
+    settings.useHalfPeriods = false;
     settings.updatePeriodsInfo();
     screen().updateAlarms();
     EXPECT_EQ(scheduled(), (std::vector{before.at(0), before.at(3)}));

@@ -55,7 +55,11 @@ public:
         }
         return 0;
     }
-    void hide(xcb_window_t window) {
+    void minimise(xcb_window_t window) {
+        constexpr uint32_t iconic[] = {3, XCB_NONE};
+        const xcb_atom_t state = atom("WM_STATE");
+        xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, state, state, 32, 2,
+                            iconic);
         xcb_unmap_window(connection_, window);
         xcb_flush(connection_);
     }
@@ -182,7 +186,7 @@ TEST_F(OnADisplay, what_rings_is_told_once_wherever_the_window_is) {
     EXPECT_EQ(closed, std::vector<uint>{2});
     EXPECT_EQ(stop(), 0);
 
-    startBefore("unseen", [&](xcb_window_t window) { display.hide(window); });
+    startBefore("unseen", [&](xcb_window_t window) { display.minimise(window); });
     runUntil([&] { return shown.size() == 3; });
     const auto isKept = [&] {
         return readFile(phone.facts.notificationsFile()).find("unseen") != std::string::npos;
@@ -193,6 +197,7 @@ TEST_F(OnADisplay, what_rings_is_told_once_wherever_the_window_is) {
         signal("service", "ActionInvoked", 3, "default");
         return !isKept();
     });
+    runUntil([&] { return display.window() != 0; });
     EXPECT_EQ(stop(), 0);
     EXPECT_EQ(texts(), (Texts{"first;\nsecond;", "beside", "unseen"}));
     phone.relaunch();

@@ -129,16 +129,26 @@ TEST_F(Mail, reaches_the_mail_program_word_for_word) {
 }
 
 TEST_F(Mail, needs_a_command_and_a_program_for_its_addresses) {
-    command("xdg-mime", "[ \"$*\" = 'query default x-scheme-handler/mailto' ] && echo mail");
-    EXPECT_FALSE(composers.canSendMail()) << "no command";
-    EXPECT_EQ(compose({"subject", "body", {}}), MFMailComposeResult::cancelled);
+    const auto comes = [&](bool can) { runUntil([&] { return composers.canSendMail() == can; }); };
+    // It answers when it is told to.
+    ASSERT_EQ(::mkfifo((directory.path() / "pipe").c_str(), 0600), 0);
+    command("xdg-mime", "read word <'" + (directory.path() / "pipe").string() +
+                            "'; [ \"$*\" = 'query default x-scheme-handler/mailto' ] && echo mail");
+    EXPECT_EQ(compose({"subject", "body", {}}), MFMailComposeResult::cancelled) << "no command";
     command("xdg-email", "");
-    EXPECT_TRUE(composers.canSendMail());
+    DesktopComposers patient(temporary, std::chrono::hours(1));
+    EXPECT_FALSE(patient.canSendMail()) << "waits for no answer";
+    writeFile(directory.path() / "pipe", "\n");
+    runUntil([&] { return patient.canSendMail(); });
+    command("xdg-mime", "echo mail");
+    comes(true);
     command("xdg-mime", "echo");
-    EXPECT_FALSE(composers.canSendMail()) << "no program";
+    comes(false);
     command("xdg-mime", "exec /bin/sleep 3600");
     DesktopComposers impatient(temporary, std::chrono::milliseconds(10));
-    EXPECT_FALSE(impatient.canSendMail()) << "no answer";
+    EXPECT_FALSE(impatient.canSendMail());
+    command("xdg-mime", "echo mail");
+    runUntil([&] { return impatient.canSendMail(); });
 }
 
 TEST_F(Mail, that_lacks_an_attachment_is_not_sent) {

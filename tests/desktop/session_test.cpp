@@ -5,6 +5,8 @@
 #include "desktop/window_fixture.h"
 #include "hosts/desktop/application_bar.h"
 #include "hosts/desktop/desktop_session.h"
+#include "hosts/desktop/event_loop.h"
+#include "hosts/desktop/options.h"
 #include "hosts/desktop/services/opened_url.h"
 #include "platform/foundation/installation_lock.h"
 #include "platform/views/table_view.h"
@@ -28,9 +30,6 @@ protected:
             return runProgram({GEXLO_WINDOW, "--data", phone.facts.root.string(), argument}, "");
         });
         EXPECT_EQ(result.code, 0) << argument << ": " << result.errors;
-    }
-    static void answer(std::size_t button) {
-        Device::current().perform([&] { UIWindow::keyWindow().answer(button); });
     }
     static std::string alert() {
         const auto& alerts = UIWindow::keyWindow().alerts();
@@ -96,6 +95,19 @@ TEST_F(Session, takes_in_the_last_file_of_a_drop_and_nothing_else) {
     EXPECT_EQ(phone.timetable().name.get() + alert(), "Autumn term");
 }
 
+TEST_F(Session, hears_at_once_of_what_another_thread_brings) {
+    const EventLoop loop;
+    std::string brought;
+    MainQueue& queue = Device::current().mainQueue();
+    auto request = Device::current().requests().begin(60, [&] { brought += "reply "; });
+    runBeside([&] {
+        request.finish({});
+        queue.async([&] { brought += "work"; });
+        return true;
+    });
+    runUntil([&] { return brought == "reply work"; });
+}
+
 TEST_F(Session, is_in_the_background_while_nobody_can_see_its_window) {
     using Act = std::function<void()>;
     const auto state = [] { return UIApplication::sharedApplication().applicationState(); };
@@ -150,6 +162,12 @@ TEST_F(Session, saves_what_a_mail_would_carry_and_asks_before_it_replaces) {
     EXPECT_NE(alert().find("“a.gexlo” could not be written"), std::string::npos) << alert();
 }
 
+TEST_F(Session, keeps_all_where_it_was_told_to_wherever_the_process_goes) {
+    const char* arguments[] = {"gexlo", "--data", "kept"};
+    EXPECT_EQ(parseDesktopCommandLine(3, arguments).options->facts.root,
+              std::filesystem::current_path() / "kept");
+}
+
 TEST_F(Session, names_a_file_so_that_every_file_system_takes_it) {
     std::string longest;
     while (longest.size() < 1000)
@@ -174,7 +192,12 @@ TEST_F(Session, the_bar_is_reached_by_keys_and_leaves_touches_to_the_phone) {
         window.requestActivate();
     };
     opens({Qt::Key_F10, Qt::Key_Down, Qt::Key_Return}, "Save timetable as file");
-    opens({Qt::Key_Alt, Qt::Key_Return}, "Open timetable file");
+    for (const auto& [key, held] :
+         {std::pair{Qt::Key_A, Qt::AltModifier}, {Qt::Key_Alt, Qt::ShiftModifier}}) {
+        QTest::keyClick(&window, key, held);
+        // This would close what those two had opened.
+        opens({Qt::Key_Alt, Qt::Key_Return}, "Open timetable file");
+    }
 
     // With margins at its sides.
     window.resize(750, 2 * 667 / 3 + ApplicationBar::kHeight);

@@ -68,7 +68,7 @@ void checkReach(UIView& root, UIView& view, bool stays) {
 
 TEST(AlertView, keeps_to_the_screen_and_all_of_it_can_be_reached) {
     Phone phone;
-    phone.facts.textMeasure = std::make_shared<QtTextMeasure>();
+    phone.services.textMeasure = std::make_shared<QtTextMeasure>();
     for (const auto& [language, text] : kLanguages) {
         phone.facts.languages = {language};
         phone.restart();
@@ -83,7 +83,8 @@ TEST(AlertView, keeps_to_the_screen_and_all_of_it_can_be_reached) {
                     SCOPED_TRACE(stringWithFormat("%@ %f: %ld texts, %ld choices", language,
                                                   screen.width, NSInteger{texts},
                                                   static_cast<NSInteger>(choices)));
-                    const auto view = alertView(filled(kind, text, texts, choices, fields), screen);
+                    const auto view =
+                        alertView(filled(kind, text, texts, choices, fields), screen).view;
                     for (const auto& panel : view->subviews())
                         EXPECT_TRUE(isWhole(*panel)) << panel->frame().height;
                     checkReach(*view, *view, choices == 1);

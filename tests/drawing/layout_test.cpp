@@ -235,7 +235,7 @@ public:
         std::tie(phone.facts.screenWidth, phone.facts.screenHeight, phone.facts.statusBarHeight) =
             std::tuple_cat(screen);
         phone.facts.languages = {std::string(language.first)};
-        phone.facts.textMeasure = std::make_shared<QtTextMeasure>();
+        phone.services.textMeasure = std::make_shared<QtTextMeasure>();
         relaunch();
         if (named) name = language.second;
         phone.timetable().name = name;
@@ -301,7 +301,7 @@ TEST_P(Layout, everything_has_its_place_and_can_be_read_and_touched) {
         phone.advance(0.5);
         Inspection(UIWindow::keyWindow(), name);
         for (const UIAlert& alert : UIWindow::keyWindow().alerts())
-            Inspection(*alertView(alert, UIWindow::keyWindow().frame().size()), name);
+            Inspection(*alertView(alert, UIWindow::keyWindow().frame().size()).view, name);
     }
 }
 

@@ -245,15 +245,17 @@ TEST_F(Painter, a_text_of_several_lines_shrinks_so_that_its_words_stay_whole) {
 TEST_F(Painter, every_script_has_glyphs_and_han_follows_the_language) {
     std::vector<QImage> seen;
     const auto isNew = [&](const char* text) {
-        write(text, {20, 20, 40, 24});
+        write(text, {20, 20, 60, 24});
         seen.push_back(painted());
         return std::count(seen.begin(), seen.end(), seen.back()) == 1;
     };
-    for (const char* text : {"", "\U0010FFFF", "A", "한", "か", "カ", "直", "语", "體", "…"})
+    for (const char* text : {"", "\U0010FFFF", "A", "한", "か", "カ", "骨返", "语", "體", "…"})
         EXPECT_TRUE(isNew(text)) << text;
-    phone.facts.languages = {"zh-Hans"};
-    phone.restart();
-    EXPECT_TRUE(isNew("直"));
+    for (const char* language : {"zh-Hans-CN", "zh-TW", "ja-JP"}) {
+        phone.facts.languages = {language};
+        phone.restart();
+        EXPECT_TRUE(isNew("骨返")) << language;
+    }
     const auto korean = [&](UIFont font) {
         write("월", {20, 20, 40, 24}).setFont(font);
         return painted();

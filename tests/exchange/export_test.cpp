@@ -35,7 +35,7 @@ const std::vector<const char*> kQueries{
 class Export : public Grid {
 protected:
     Export() {
-        phone.facts.composers = outbox;
+        phone.services.composers = outbox;
         relaunch();
         phone.expectLog("file://");
     }
@@ -45,7 +45,7 @@ protected:
             manager().generateDataFileFromTimetable_errorCode(phone.timetable(), nullptr);
         EXPECT_TRUE(bytes);
         const std::filesystem::path file = directory.path() / name;
-        writeFile(file, std::string(bytes->begin(), bytes->end()));
+        writeFile(file, {reinterpret_cast<const char*>(bytes->data()), bytes->size()});
         return file;
     }
     /// Of an export, a thousand more if there is a file to be sent.
@@ -58,6 +58,14 @@ protected:
     std::string text() {
         const char* const texts[] = {"", "Maths", "'; DROP", "수학 \"A\"", "é\n1", "%@ %s", "🎒"};
         return texts[below(std::size(texts))];
+    }
+    static std::string longText(std::size_t length) {
+        const std::string line = "긴 글 🎒\n";
+        std::string text = line;
+        while (text.size() < length)
+            text += text;
+        text.resize(length - length % line.size());
+        return text;
     }
     template <typename Item>
     void addItems(ToMany<Item>& items, Item& (GXDataManager::*addNew)()) {
@@ -144,32 +152,29 @@ TEST_F(Export, what_went_out_comes_in_and_goes_out_the_same) {
 TEST_F(Export, as_much_as_is_taken_in_goes_out_and_more_is_refused) {
     GXDataManager& data = phone.manager();
     GXTimetableData& timetable = phone.timetable();
+    constexpr NSInteger kAbsences = 12;
     while (timetable.lessons.count() < ExchangeBounds::kMostLessons) {
         GXLessonData& lesson = data.addNewLessonInTimetable(timetable);
         lesson.color = "gold";
         lesson.fontColor = "white";
+        lesson.absenceCount = kAbsences;
     }
-    GXLessonData& full = *timetable.lessons.anyObject();
-    std::string text;
-    while (text.size() < std::size_t{4} << 20)
-        text += "긴 글 🎒\n";
-    for (auto* member : {&timetable.name, &full.name, &full.room1, &full.professor->phone,
-                         &full.memo.anyObject()->content})
-        *member = text;
-    full.absenceCount = 30'000;
-    // Besides them, what every file has, and each subject with its teacher and its memo.
-    const NSInteger others = 2 + 3 * ExchangeBounds::kMostLessons + full.absenceCount.get();
+    const auto lessons = timetable.lessons.allObjects();
+    GXLessonData& full = *lessons[0];
+    // What every file has, and each subject with its teacher and its memo.
+    const NSInteger others = 2 + (3 + kAbsences) * ExchangeBounds::kMostLessons;
     GXExamData& exam = data.addNewExam();
-    exam.title = text;
-    exam.content = text;
+    for (auto* member : {&timetable.name, &full.name, &full.room1, &full.professor->phone,
+                         &full.memo.anyObject()->content, &exam.title, &exam.content})
+        *member = longText(1 << 18);
     exam.date = NSDate::date();
     timetable.exam.addObject(exam);
     for (NSInteger rows = others + 1; rows < ExchangeBounds::kMostRows; ++rows) {
         GXHomeworkData& item = data.addNewHomework();
         item.title = "Chapter 12";
-        item.content = rows % 5'000 == 0 ? text : "";
+        item.content = rows % 5'000 == 0 ? exam.title.get() : "";
         item.date = NSDate::date();
-        full.homework.addObject(item);
+        lessons[static_cast<std::size_t>(rows) % lessons.size()]->homework.addObject(item);
     }
     data.saveContext();
 
@@ -184,14 +189,28 @@ TEST_F(Export, as_much_as_is_taken_in_goes_out_and_more_is_refused) {
     full.latenessCount = 1;
     EXPECT_EQ(codeOf(timetable), 18) << "a row more than is taken in";
     full.latenessCount = 0;
-    EXPECT_EQ(codeOf(timetable), 1010);
-    exam.title = std::string(ExchangeBounds::kMostText, 'x');
-    EXPECT_EQ(codeOf(timetable), 18);
-    exam.title = "";
     for (int n = 0; n < 3; ++n)
         data.removeData(*full.homework.anyObject());
     EXPECT_EQ(codeOf(timetable), 1010);
     data.addNewLessonInTimetable(timetable);
+    EXPECT_EQ(codeOf(timetable), 18);
+}
+
+TEST_F(Export, as_long_a_text_as_is_taken_in_goes_out_and_a_longer_one_is_refused) {
+    constexpr std::size_t others = 1000;
+    GXExamData& exam = phone.manager().addNewExam();
+    exam.content = longText(ExchangeBounds::kMostText - others);
+    exam.date = NSDate::date();
+    GXTimetableData& timetable = phone.timetable();
+    timetable.exam.addObject(exam);
+    EXPECT_EQ(codeOf(timetable), 1010);
+    Device::current().perform([&] {
+        const auto file = phone.facts.temporaryDirectory() / "timetable_data_file.gexlo";
+        EXPECT_EQ(manager().openTimetableFromDataFile("file://" + file.string()), 10);
+    });
+    EXPECT_NE(&phone.timetable(), &timetable);
+    EXPECT_TRUE(phone.timetable().exam.anyObject()->content.get() == exam.content.get());
+    exam.title = std::string(others, 'x');
     EXPECT_EQ(codeOf(timetable), 18);
 }
 
@@ -247,7 +266,7 @@ TEST_F(Export, the_menu_is_free_once_the_mail_is_done_with) {
         mainView().openMoreMenu();
         phone.advance(1);
         tap(part("btnExport"));
-        Device::current().perform([] { UIWindow::keyWindow().answer(0); });
+        answer(0);
         phone.advance(1);
         EXPECT_EQ(find("GXMoreMenu"), nullptr);
     };

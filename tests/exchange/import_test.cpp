@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "exchange/exchange_bounds.h"
 #include "platform/foundation/user_defaults.h"
 #include "platform/services/application.h"
 #include "platform/services/local_notification.h"
@@ -271,9 +272,11 @@ TEST_F(Import, rows_of_odd_owners_take_nothing_from_the_others) {
 TEST_F(Import,
        a_file_beyond_all_bounds_or_with_a_schema_that_computes_is_refused_and_changes_nothing) {
     const auto before = stored();
-    const char* const numbers =
-        "WITH RECURSIVE n(i) AS (SELECT 9 UNION ALL SELECT i+1 FROM n "
-        "LIMIT 1000000) ";
+    // As many as are taken, besides the rows that are there already.
+    const std::string numbers =
+        "WITH RECURSIVE n(i) AS (SELECT 9 UNION ALL SELECT i+1 FROM n LIMIT " +
+        std::to_string(ExchangeBounds::kMostRows) + ") ";
+    const auto blob = [](std::size_t length) { return "zeroblob(" + std::to_string(length) + ")"; };
     const std::string changes[] = {
         "UPDATE lesson SET absenceCount = 1000000000",
         "UPDATE lesson SET latenessCount = -9223372036854775807 - 1",
@@ -281,23 +284,21 @@ TEST_F(Import,
         "UPDATE timetable SET firstPeriod = -2000000000",
         "UPDATE classes SET period = 9e999",
         "UPDATE homework SET date = -1e300",
-        "UPDATE timetable SET name = CAST(zeroblob(100000000) AS TEXT)",
-        "UPDATE homework SET content = replace(hex(zeroblob(50000000)), '0', 'x')",
-        "UPDATE lesson SET room1 = hex(zeroblob(17000000)); UPDATE lesson SET room2 = room1",
-        std::string(numbers) + "INSERT INTO classes SELECT i,0,1,1,'',0 FROM n",
-        std::string(numbers) +
-            "INSERT INTO lesson SELECT i,'','','','','',0,0,0,1,'',0,0,0 FROM n LIMIT 2500",
-        std::string(numbers) + "INSERT INTO data_info SELECT 2,4,'',1,1,'','',i FROM n",
+        "UPDATE timetable SET name = " + blob(ExchangeBounds::kMostText),
+        "UPDATE lesson SET room1 = " + blob(ExchangeBounds::kMostText / 2) +
+            "; UPDATE homework SET content = (SELECT room1 FROM lesson)",
+        numbers + "INSERT INTO classes SELECT i,0,1,1,'',0 FROM n",
+        numbers + "INSERT INTO lesson SELECT i,'','','','','',0,0,0,1,'',0,0,0 FROM n LIMIT 2500",
+        numbers + "INSERT INTO data_info SELECT 2,4,'',1,1,'','',i FROM n",
         // Rows of others, which each subject has to pass.
-        std::string(numbers) + "INSERT INTO exam SELECT i,'','',0,0,0,77,77 FROM n;" + numbers +
+        numbers + "INSERT INTO exam SELECT i,'','',0,0,0,77,77 FROM n;" + numbers +
             "INSERT INTO lesson SELECT i,'','','','','',0,0,0,1,'',0,0,0 FROM n LIMIT 400",
-        std::string(numbers) +
-            "INSERT INTO lesson SELECT i,'','','','','',0,0,0,1,'',900,900,0 FROM n LIMIT 40",
+        numbers + "INSERT INTO lesson SELECT i,'','','','','',0,0,0,1,'',900,900,0 FROM n LIMIT 40",
         // Owners that take long to compare.
         "DROP TABLE classes; CREATE TABLE classes (id,week,day,period,room,lessonID);"
         "INSERT INTO classes VALUES (1,0,1,1,'',hex(zeroblob(90000)))",
         // A schema that takes long to read, over and over.
-        "PRAGMA writable_schema = ON;" + std::string(numbers) +
+        "PRAGMA writable_schema = ON;" + numbers +
             "INSERT INTO sqlite_schema SELECT 'table', 'x', 'x', 2,"
             "  'CREATE TABLE IF NOT EXISTS exam(x)' FROM n LIMIT 100000",
         // A schema that computes.
@@ -319,7 +320,13 @@ TEST_F(Import,
     };
     for (const std::string& change : changes)
         EXPECT_EQ(openChanged(change), 12) << change.substr(0, 100);
+    std::filesystem::remove(path());
+    writeExchangeFile(path());
+    std::filesystem::resize_file(path(), (96U << 20) + 1);
+    EXPECT_EQ(open(path()), 12);
     EXPECT_EQ(stored(), before);
+    std::filesystem::resize_file(path(), 96U << 20);
+    EXPECT_EQ(open(path()), 10);
     EXPECT_EQ(openChanged("CREATE TRIGGER t AFTER INSERT ON lesson BEGIN DELETE FROM lesson; END"),
               10);
 }
@@ -372,9 +379,6 @@ TEST_F(Import, the_person_is_asked_and_the_last_file_counts) {
         UIApplication::sharedApplication().receiveURL(url);
     };
     const auto& alerts = UIWindow::keyWindow().alerts();
-    const auto answer = [](std::size_t button) {
-        Device::current().perform([&] { UIWindow::keyWindow().answer(button); });
-    };
     for (const char* url : {"http://x/a.gexlo", "mailto:x", "", "tessaly://open", "x://tessaly"})
         receive(url);
     EXPECT_TRUE(alerts.empty());

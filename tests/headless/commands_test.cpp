@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
+#include <thread>
 
 #include "hosts/headless/driver.h"
 #include "platform/foundation/string_format.h"
@@ -130,14 +131,27 @@ TEST_F(Commands, rows_are_read_and_treated_where_they_stand) {
          ""},
         {row("select_row", R"("section":0,"row":2)"), "true", "select 0.2|"},
         {row("delete_row", R"("section":0,"row":1)"), "true", "delete 0.1|"},
+    });
+    UIWindow& window = UIWindow::keyWindow();
+    window.changesWereRead();
+    play({
         {row("select_row", R"("section":0,"row":3)"), "no such row"},
         {row("select_row", R"("section":2,"row":0)"), "no such row"},
         {row("move_row", R"("section":1,"row":9,"to":4)"), "cannot be moved"},
         {mark(in(1, 19) + R"(,"index":1)"), "not as many"},
         {mark(in(0, 7)), "no such row"},
+        {row("delete_row", R"("section":1,"row":0)"), "cannot be deleted"},
         {R"({"cmd":"set","id":"mark","value":1,)" + in(1, 19) + "}", "no value"},
+        {R"({"cmd":"find","id":"mark",)" + in(1, 19) + "}", R"("views":[])"},
+        {R"({"cmd":"find","id":"mark","all":true,)" + in(1, 19) + "}",
+         R"("frame":[100.0,1098.0,40.0,40.0])"},
     });
-    EXPECT_EQ(table.contentOffset(), (CGPoint{0, 0})) << "of what was refused nothing stays";
+    EXPECT_FALSE(window.hasChanged() || window.hasChangedBelow())
+        << "what is refused or only looks changes nothing";
+    UIAlert::notice("", "Message", "OK").show();
+    play({{mark(in(1, 19)), R"("hit":null)"}});
+    EXPECT_EQ(table.contentOffset(), (CGPoint{0, 0})) << "no finger scrolls under an alert";
+    window.answer(0);
     play({
         {mark(R"("within":"rows","index":2)"), R"("hit":"mark")", "mark 0.2|"},
         {mark(R"("within":"rows","index":9)"), "not as many"},
@@ -286,6 +300,36 @@ TEST_F(Commands, an_alarm_is_delivered_once_or_again_each_week) {
           {R"({"cmd":"deliver","rung":0,"active":true})", "true"},
           {R"({"cmd":"alert"})", R"("message":"weekly")"}});
     EXPECT_EQ(standing(), "weekly ");
+}
+
+TEST_F(Commands, settling_runs_the_replies_to_what_is_under_way_and_to_what_follows) {
+    PendingRequests& requests = Device::current().requests();
+    std::string replies;
+    std::vector<std::thread> service;
+    const auto ask = [&](const std::function<void()>& reply) {
+        service.emplace_back([request = requests.begin(60, reply)]() mutable {
+            std::this_thread::yield();
+            request.finish({});
+        });
+    };
+    ask([&] {
+        replies += "first ";
+        ask([&] { replies += "next "; });
+    });
+    play({{R"({"cmd":"advance","seconds":1})", "true"}, {R"({"cmd":"tree"})", "true"}});
+    EXPECT_EQ(replies, "") << "they run nowhere else";
+    play({{R"({"cmd":"settle","timeout":60})",
+           R"("completed":2,"ok":true,"pending":0,"timedOut":0)"}});
+    for (std::thread& thread : service)
+        thread.join();
+    auto lost = requests.begin(60, [&] { replies += "late"; });
+    play(
+        {{R"({"cmd":"settle","timeout":"1"})", "no number"},
+         {R"({"cmd":"settle","timeout":0})", R"("completed":0,"ok":true,"pending":1,"timedOut":0)"},
+         {R"({"cmd":"advance","seconds":60})", "true"},
+         {R"({"cmd":"settle"})", R"("completed":0,"ok":true,"pending":0,"timedOut":1)"}});
+    lost.finish({});
+    EXPECT_EQ(replies, "first next late");
 }
 
 TEST_F(Commands, views_are_found_by_all_that_is_asked) {

@@ -1,9 +1,13 @@
 // The driver as scripts meet it: a program, lines in and lines out.
 #include "hosts/headless/driver.h"
 
+#include <unistd.h>
+
 #include <random>
+#include <thread>
 
 #include "hosts/headless/driver_options.h"
+#include "hosts/headless/input_wait.h"
 #include "platform/foundation/installation_lock.h"
 #include "support/driven_program.h"
 
@@ -161,15 +165,27 @@ TEST_F(DriverProgram, a_fatal_end_prints_its_line_and_writes_no_answer) {
     EXPECT_EQ(result.errors.find("Unresolved error"), 0U) << result.errors;
 }
 
+TEST(InputWait, runs_what_another_thread_queues_until_a_line_comes) {
+    Phone phone;
+    int pipe[2];
+    ASSERT_EQ(::pipe(pipe), 0);
+    std::thread worker([queue = &Device::current().mainQueue(), in = pipe[1]] {
+        queue->async([in] { EXPECT_EQ(::write(in, "\n", 1), 1); });
+    });
+    InputWait(Device::current(), pipe[0]).wait();
+    worker.join();
+    for (const int end : pipe)
+        ::close(end);
+}
+
 TEST(DriverOptions, tell_the_device_what_it_is) {
-    const char* arguments[] = {"gexlo-headless", "--data",     "/tmp/x",
-                               "--screen",       "320x480",    "--languages",
-                               "ja,zh-Hant",     "--now",      "2026-03-02T08:00:00",
-                               "--time-zone",    "Asia/Seoul", "--no-watch"};
+    const char* arguments[] = {
+        "",           "--data",   "kept",    "--now",     "2026-03-02T08:00:00", "--time-zone",
+        "Asia/Seoul", "--screen", "320x480", "--no-watch"};
     const DriverCommandLine line = parseDriverCommandLine(std::size(arguments), arguments);
     ASSERT_TRUE(line.options) << line.end.text;
+    EXPECT_EQ(line.options->facts.root, std::filesystem::current_path() / "kept");
     EXPECT_EQ(line.options->facts.screenHeight, 480);
-    EXPECT_EQ(line.options->facts.languages, (std::vector<std::string>{"ja", "zh-Hant"}));
     EXPECT_EQ(line.options->clock.now().timeIntervalSince1970(), Phone::kStart);
     EXPECT_FALSE(line.options->facts.watchSupported);
 }

@@ -98,7 +98,7 @@ public:
 class KeychainWithKeyStore : public Keychain {
 protected:
     void restartWith(std::shared_ptr<KeyStore> keyStore) {
-        phone.facts.keyStore = std::move(keyStore);
+        phone.services.keyStore = std::move(keyStore);
         phone.restart();
     }
     /// Ann and Ben stand in the key store, and the file says so.

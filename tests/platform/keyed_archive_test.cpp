@@ -93,28 +93,19 @@ TEST(KeyedArchive, what_cannot_be_restored_is_refused) {
         EXPECT_FALSE(restored(NSData(text.begin(), text.end())));
 }
 
-plist_t dictionary(std::initializer_list<std::pair<const char*, plist_t>> entries) {
-    plist_t node = plist_new_dict();
-    for (const auto& [key, entry] : entries)
-        plist_dict_set_item(node, key, entry);
-    return node;
-}
-
-/// Reads an archive of arrays, each of which holds the next ten times.
-std::optional<Object> unfolded(std::uint64_t levels) {
-    plist_t objects = plist_new_array();
-    plist_array_append_item(objects, plist_new_string("$null"));
-    plist_array_append_item(objects, dictionary({{"$classname", plist_new_string("NSArray")}}));
-    for (std::uint64_t next = 3; next < 3 + levels; ++next) {
-        plist_t members = plist_new_array();
-        for (int i = 0; i < 10; ++i)
-            plist_array_append_item(members, plist_new_uid(next));
-        plist_array_append_item(
-            objects, dictionary({{"$class", plist_new_uid(1)}, {"NS.objects", members}}));
+/// Reads an archive of arrays within each other, whose only member stands in each ten times.
+std::optional<Object> unfolded(int levels) {
+    Object nested = "ha";
+    for (int level = 0; level < levels; ++level)
+        nested = NSArray{std::move(nested)};
+    const NSData whole = archive(nested);
+    const PropertyListNode root =
+        nodeFromText({reinterpret_cast<const char*>(whole.data()), whole.size()});
+    for (plist_t object : arrayNodes(plist_dict_get_item(root.get(), "$objects"))) {
+        plist_t members = plist_dict_get_item(object, "NS.objects");
+        for (int i = 1; members && i < 10; ++i)
+            plist_array_append_item(members, plist_copy(plist_array_get_item(members, 0)));
     }
-    plist_array_append_item(objects, plist_new_string("ha"));
-    const PropertyListNode root(
-        dictionary({{"$top", dictionary({{"root", plist_new_uid(2)}})}, {"$objects", objects}}));
     char* bytes = nullptr;
     std::uint32_t length = 0;
     plist_to_bin(root.get(), &bytes, &length);

@@ -326,7 +326,8 @@ TEST_F(ObjectStore, a_row_of_a_wrong_kind_is_refused_by_the_name_of_what_is_wron
         {"Homework", "date", "'soon'"},     {"Homework", "alarm1day", "'bytes'"},
         {"DayNPeriod", "period", "'late'"}, {"Homework", "lesson", "'Maths'"},
         {"Homework", "lesson", "77"},       {"Professor", "lesson", "0"},
-        {"Homework", "rowKey", "-4"},       {"Homework", "rowKey", "9223372036854775807"}};
+        {"Homework", "rowKey", "-4"},       {"Homework", "rowKey", "9223372036854775807"},
+        {"Homework", "lesson", "1 << 63"}};
     for (const auto& [entity, key, value] : cases) {
         const std::string damage = "UPDATE " + entity + " SET \"" + key + "\"=" + value;
         writeFile(file, whole);

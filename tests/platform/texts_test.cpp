@@ -3,6 +3,7 @@
 #include <map>
 #include <nlohmann/json.hpp>
 #include <regex>
+#include <set>
 
 #include "platform/foundation/bundle.h"
 #include "support/phone.h"
@@ -53,6 +54,39 @@ TEST(Texts, every_language_says_the_same) {
             EXPECT_EQ(placeholdersOf(text), placeholdersOf(english.at(key))) << key << entry.path();
         }
     }
+}
+
+/// Whether it is written as keys are, but names something else.
+bool isNoText(const std::string& word) {
+    static const std::regex other("GX_.*|(LC|QT|XDG)_.*|WAYLAND_DISPLAY");
+    return std::regex_match(word, other);
+}
+
+TEST(Texts, every_key_in_the_source_has_one) {
+    const Texts english = nlohmann::json::parse(readFile(kStrings / "en.json"));
+    // Asked for, in a list of keys, or written in capitals with an underscore.
+    static const std::regex lists(
+        R"((NSLocalizedString|\btext)\([^()]*|Keys(\[\d*\])? ?= ?\{[^}]*)");
+    static const std::regex word(R"re("([^"]*)")re");
+    static const std::regex capitals(R"re("([A-Z][A-Z0-9]*(_[A-Z0-9]+)+)")re");
+    std::set<std::string> keys;
+    const auto take = [&](const std::string& text, const std::regex& kind) {
+        for (std::sregex_iterator at(text.begin(), text.end(), kind), end; at != end; ++at)
+            if (!isNoText((*at)[1])) keys.insert((*at)[1]);
+    };
+    for (const char* folder : {"src", "hosts"}) {
+        const auto path = std::filesystem::path(GEXLO_RESOURCES).parent_path() / folder;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(path)) {
+            if (!entry.is_regular_file()) continue;
+            const std::string source = readFile(entry.path());
+            take(source, capitals);
+            for (std::sregex_iterator at(source.begin(), source.end(), lists), end; at != end; ++at)
+                take((*at)[0], word);
+        }
+    }
+    EXPECT_TRUE(keys.contains("FRIDAY") && keys.contains("OPEN_FILE"));
+    for (const std::string& key : keys)
+        EXPECT_TRUE(english.contains(key)) << key;
 }
 
 TEST(Texts, the_first_language_that_has_a_table_counts) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 #include "platform/foundation/property_list.h"
@@ -57,6 +58,17 @@ TEST_F(UserDefaults, every_value_comes_back_as_it_was) {
         defaults().setObject_forKey(value, text);
         phone.restart();
         EXPECT_EQ(defaults().objectForKey(text), value) << value.value().index();
+    }
+}
+
+TEST_F(UserDefaults, a_date_that_a_file_cannot_hold_comes_back_as_the_nearest_that_it_can) {
+    constexpr double limit = 2147483647;
+    for (const auto& [seconds, kept] :
+         {std::pair{std::nan(""), -limit}, {-1e300, -limit}, {1e300, limit}}) {
+        defaults().setObject_forKey(NSDate::dateWithTimeIntervalSince1970(seconds), "date");
+        phone.restart();
+        EXPECT_EQ(defaults().objectForKey("date"),
+                  NSDate::dateWithTimeIntervalSince1970(NSDate::kReferenceSince1970 + kept));
     }
 }
 

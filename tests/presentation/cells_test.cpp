@@ -137,6 +137,25 @@ TEST_F(Cells, adding_and_editing_toggle_the_cells_that_are_free) {
     }
 }
 
+TEST_F(Cells, what_is_posted_without_what_belongs_to_it_changes_nothing) {
+    phone.addSubject("M", {mon(1)});
+    redraw();
+    const auto postBadly = [](const char* name) {
+        post(name);
+        post(name, {{"lessonData", 5}, {"classtimes", true}, {"weekNo", 0L}, {"height", 300}});
+    };
+    for (const char* name :
+         {GX_NOTI_SET_LESSONS, GX_NOTI_FINISH_ADD_NEW_LESSON, GX_NOTI_FINISH_EDIT_LESSON,
+          GX_NOTI_BEGIN_EDIT_LESSON, GX_NOTI_REMOVE_LESSON, GX_NOTI_LESSON_INFO_OPEN})
+        postBadly(name);
+    EXPECT_EQ(drawn(1), "M|");
+    manager().openAddLessonView();
+    phone.advance(1);
+    const CGRect editor = part("addLessonView").frame();
+    postBadly(kKeyboardWillShowNotification);
+    EXPECT_EQ(part("addLessonView").frame(), editor);
+}
+
 TEST_F(Cells, a_tap_opens_the_information_of_the_subject_and_lights_its_cells) {
     phone.addSubject("M", {mon(1), mon(2), mon(3), wed(2)});
     redraw();

@@ -161,7 +161,7 @@ TEST_F(LessonEditor, an_old_colour_stays_until_another_is_chosen) {
     manager().cancelLessonEditing();
     EXPECT_EQ(cell(1, 0).backgroundColor(), old);
     openEdit(lesson);
-    mainView().colorSelected_andFontColor(16, -1);
+    mainView().lessonEditing().colorSelected_andFontColor(16, -1);
     save("A");
     EXPECT_EQ(lesson.color.get() + lesson.fontColor.get(), "#F04853white");
 }

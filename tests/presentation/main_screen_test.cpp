@@ -117,52 +117,45 @@ TEST_F(MainScreen, the_more_menu_frees_what_it_locked_on_every_exit) {
     UIWindow::keyWindow().answer(0);
     tap(part("btnExport"));
     UIWindow::keyWindow().answer(1);
-    EXPECT_TRUE(isSeen("GXMoreMenu") && isMenuLocked()) << "neither leaves it";
+    for (const char* leadsNowhere : {"btnHomework", "btnExam", "btnSettings"})
+        tap(part(leadsNowhere));
+    EXPECT_TRUE(isSeen("GXMoreMenu") && isMenuLocked()) << "none leaves it";
+    tap(part("closeButton"));
+    phone.advance(1);
+    tap(part("btnManage"));
+    tap(part("btnTimetableList"));
+    EXPECT_FALSE(isMenuLocked()) << "there is no list to unlock it";
 }
 
 TEST_F(MainScreen, what_a_panel_asks_goes_with_it_when_all_close) {
     GXLessonData& lesson = phone.addSubject("A", {mon(1)});
-    const auto edit = [&] {
-        manager().openEditLessonView(&lesson);
-        phone.advance(1);
+    const auto addSameRooms = [] {
+        for (const char* button : {"btnRoom1", "btnRoom2"}) {
+            tap(part(button));
+            answer(1, {"A1"});
+        }
     };
-    const std::pair<const char*, std::function<void()>> questions[] = {
-        {"add room",
-         [&] {
-             edit();
-             tap(part("btnRoom1"));
-         }},
-        {"same room",
-         [&] {
-             edit();
-             for (const char* button : {"btnRoom1", "btnRoom2"}) {
-                 tap(part(button));
-                 UIWindow::keyWindow().answer(1, {"A1"});
-             }
-         }},
-        {"no name",
-         [&] {
-             edit();
-             save("");
-         }},
-        {"remove",
-         [&] {
-             manager().openLessonSelector();
+    const auto edit = [&] { manager().openEditLessonView(&lesson); };
+    const auto list = [] { manager().openLessonSelector(); };
+    const auto menu = [&] { openMoreMenu(); };
+    const struct {
+        const char* name;
+        std::function<void()> open, ask;
+    } questions[] = {
+        {"add room", edit, [] { tap(part("btnRoom1")); }},
+        {"same room", edit, addSameRooms},
+        {"no name", edit, [] { save(""); }},
+        {"remove", list,
+         [] {
              part<UITableView>("SubjectListTableView").requestDelete({0, 0});
          }},
-        {"share",
-         [&] {
-             openMoreMenu();
-             tap(part("btnShare", part("GXMoreMenu")));
-         }},
-        {"export",
-         [&] {
-             openMoreMenu();
-             tap(part("btnExport"));
-         }},
+        {"share", menu, [] { tap(part("btnShare", part("GXMoreMenu"))); }},
+        {"export", menu, [] { tap(part("btnExport")); }},
     };
     UIWindow& window = UIWindow::keyWindow();
-    for (const auto& [name, ask] : questions) {
+    for (const auto& [name, open, ask] : questions) {
+        open();
+        phone.advance(1);
         ask();
         ASSERT_EQ(window.alerts().size(), 1U) << name;
         // As an import does that is confirmed above it.
@@ -175,6 +168,52 @@ TEST_F(MainScreen, what_a_panel_asks_goes_with_it_when_all_close) {
     }
     EXPECT_FALSE(isMenuLocked());
     EXPECT_EQ(phone.timetable().lessons.count(), 1U);
+}
+
+/// Tells when it is closed, and leaves as it was told to.
+class Probe final : public Panel {
+public:
+    Probe(std::string name, std::string& told, std::function<void(Probe&)> leave)
+        : Panel({0, 0, 9, 9}), name_(std::move(name)), told_(told), leave_(std::move(leave)) {}
+    void close() override {
+        leave_(*this);
+        told_ += name_;  // still there, though it may have left within its own callback
+    }
+    void fade() { fadeOutAndLeave(0.1); }
+
+private:
+    std::string name_;
+    std::string& told_;
+    std::function<void(Probe&)> leave_;
+};
+
+TEST_F(MainScreen, panels_close_once_from_the_bottom_and_may_take_each_other_along) {
+    PanelStack& panels = mainView().panels();
+    std::string told;
+    const auto present = [&](const char* name, std::function<void(Probe&)> leave) {
+        const auto panel = std::make_shared<Probe>(name, told, std::move(leave));
+        panels.present(panel);
+        return std::weak_ptr<Panel>(panel);
+    };
+    present("a", [&](Probe& a) {
+        panels.top()->removeFromSuperview();
+        a.removeFromSuperview();
+    });
+    const auto fading = present("b", [](Probe& b) { b.fade(); });
+    const auto staying = present("c", [](Probe&) {});
+    const auto takenAlong = present("d", [](Probe&) {});
+    EXPECT_EQ(panels.top(), takenAlong.lock());
+    mainView().view()->bringSubviewToFront(*fading.lock());
+    EXPECT_EQ(panels.top(), fading.lock());
+    mainView().view()->bringSubviewToFront(*takenAlong.lock());
+    post(GX_NOTI_CLOSE_ALL_SUBVIEWS);
+    EXPECT_EQ(told, "acb");
+    EXPECT_TRUE(takenAlong.expired());
+    EXPECT_EQ(panels.top(), staying.lock()) << "one that fades out no longer counts";
+    post(GX_NOTI_CLOSE_ALL_SUBVIEWS);
+    EXPECT_EQ(told, "acbc");
+    phone.advance(0.1);
+    EXPECT_TRUE(fading.expired());
 }
 
 TEST_F(MainScreen, a_country_writes_its_date_and_a_language_has_its_community) {
@@ -202,7 +241,7 @@ TEST_F(MainScreen, colours_change_nothing_before_they_are_confirmed) {
     manager().openAddLessonView();
     tap(cell(1, 0));
     const UIColor before = cell(1, 0).backgroundColor();
-    mainView().showColorSelectViewWithColorIndex_andFontColorIndex(-1, -1);
+    mainView().lessonEditing().showColorSelectViewWithColorIndex_andFontColorIndex(-1, -1);
     const auto marked = [](const char* swatch) { return !part("mark", part(swatch)).isHidden(); };
     EXPECT_FALSE(marked("subjectColor_0") || marked("fontColor_0")) << "nothing is chosen";
     tap(part("subjectColor_3"));

@@ -1,33 +1,30 @@
 // The working copy of a timetable's settings.
 #include "presentation/settings_manager.h"
 
-#include <gtest/gtest.h>
-
 #include <sstream>
 
-#include "support/phone.h"
+#include "support/launched_phone.h"
 #include "time/periods_controller.h"
 
 namespace gexlo::test {
 
 namespace {
 
-TEST(Settings, the_copy_is_taken_whole) {
-    Phone phone;
-    phone.launch();
-    GXTimetableData& timetable = phone.manager().addNewTimetable();
+using Settings = LaunchedPhone;
+
+TEST_F(Settings, the_copy_is_taken_whole) {
+    GXTimetableData& timetable = manager().addNewTimetable();
     GXSettingsManager& settings = GXSettingsManager::manager();
     const auto told = [&] {
         const GXSettingsManager& s = settings;
-        return std::vector<Object>{
-            s.timetableNo(),       s.firstDay(),         s.lastDay(),
-            s.firstPeriod(),       s.lastPeriod(),       s.numWeeks(),
-            s.subjectTextSize(),   s.timetableName(),    s.colorBorder(),
-            s.colorTableBack(),    s.colorDaysBack(),    s.colorDaysFont(),
-            s.colorPeriodsBack(),  s.colorPeriodsFont(), s.backgroundImageName(),
-            s.alphaBorder(),       s.alphaTableBack(),   s.alphaDaysBack(),
-            s.alphaPeriodsBack(),  s.useHalfPeriods(),   s.daysToNumbers(),
-            s.useSameClasshours(), s.daysOnLeft(),       s.showClasshours()};
+        return std::vector<Object>{s.timetableNo,       s.firstDay,         s.lastDay,
+                                   s.firstPeriod,       s.lastPeriod,       s.numWeeks,
+                                   s.subjectTextSize,   s.timetableName,    s.colorBorder,
+                                   s.colorTableBack,    s.colorDaysBack,    s.colorDaysFont,
+                                   s.colorPeriodsBack,  s.colorPeriodsFont, s.backgroundImageName,
+                                   s.alphaBorder,       s.alphaTableBack,   s.alphaDaysBack,
+                                   s.alphaPeriodsBack,  s.useHalfPeriods,   s.daysToNumbers,
+                                   s.useSameClasshours, s.daysOnLeft,       s.showClasshours};
     };
     std::istringstream keys(
         "index firstDay lastDay firstPeriod lastPeriod numWeeks textSize name colorBorder "
@@ -50,28 +47,26 @@ TEST(Settings, the_copy_is_taken_whole) {
     }
     timetable.textSize.clear();
     settings.setData(timetable);
-    EXPECT_EQ(settings.subjectTextSize(), 0);
+    EXPECT_EQ(settings.subjectTextSize, 0);
 }
 
-TEST(Settings, changes_reach_neither_the_store_nor_the_next_copy) {
-    Phone phone;
-    phone.launch();
+TEST_F(Settings, changes_reach_neither_the_store_nor_the_next_copy) {
     GXTimetableData& timetable = phone.timetable();
     GXSettingsManager& settings = GXSettingsManager::manager();
     settings.setData(timetable);
-    settings.setLastPeriod(3);
-    settings.setUseHalfPeriods(true);
-    settings.setClassHourChanged(true);
-    settings.setThemeType(2);
+    settings.lastPeriod = 3;
+    settings.useHalfPeriods = true;
+    settings.classHourChanged = true;
+    settings.themeType = 2;
     EXPECT_EQ(settings.periodsInfo()->numPeriods(), 9) << "until the list is brought in line";
     settings.updatePeriodsInfo();
     EXPECT_EQ(settings.periodsInfo()->numPeriods(), 6);
     EXPECT_EQ(timetable.lastPeriod.get(), 9);
 
     settings.setData(timetable);
-    EXPECT_EQ(settings.lastPeriod(), 9);
-    EXPECT_FALSE(settings.classHourChanged());
-    EXPECT_EQ(settings.themeType(), 0);
+    EXPECT_EQ(settings.lastPeriod, 9);
+    EXPECT_FALSE(settings.classHourChanged);
+    EXPECT_EQ(settings.themeType, 0);
 }
 
 }  // namespace

@@ -1,20 +1,13 @@
 // Thousands of touches without a plan: nothing breaks, nothing stays locked, nothing is lost.
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <random>
 #include <set>
 #include <tuple>
 
-#include "app/app_delegate.h"
-#include "app/main_view.h"
 #include "platform/views/scroll_view.h"
 #include "platform/views/table_view.h"
 #include "platform/views/text_input.h"
-#include "platform/views/window.h"
 #include "presentation/panels/bottom_menu.h"
-#include "presentation/ui_manager.h"
-#include "support/phone.h"
+#include "support/grid.h"
 
 namespace gexlo::test {
 
@@ -22,14 +15,19 @@ namespace {
 
 constexpr int kSteps = 9000;
 
-class RandomWalk : public ::testing::Test {
+class RandomWalk : public Grid {
 protected:
     std::size_t below(std::size_t end) { return random() % end; }
     void turn(const std::function<void()>& act) { Device::current().perform(act); }
-    UIWindow& window() { return UIWindow::keyWindow(); }
+    static UIWindow& window() { return UIWindow::keyWindow(); }
+    CGPoint pointWithin(CGSize size) {
+        const std::size_t x = below(static_cast<std::size_t>(size.width));
+        return {static_cast<double>(x),
+                static_cast<double>(below(static_cast<std::size_t>(size.height)))};
+    }
 
     template <typename View>
-    std::vector<View*> visible() {
+    static std::vector<View*> visible() {
         std::vector<View*> found;
         const auto collect = [&](const auto& self, UIView& view) -> void {
             if (view.isHidden()) return;
@@ -40,6 +38,11 @@ protected:
         };
         collect(collect, window());
         return found;
+    }
+    template <typename View>
+    View* any() {
+        const auto views = visible<View>();
+        return views.empty() ? nullptr : views[below(views.size())];
     }
 
     void touch(CGPoint point) {
@@ -53,93 +56,60 @@ protected:
     void step() {
         if (!window().alerts().empty() && below(3) != 0) {
             const std::size_t button = below(window().alerts().back().buttons.size());
-            return turn([&] { window().answer(button, {std::to_string(below(4))}); });
+            return answer(button, {std::to_string(below(4))});
         }
-        switch (below(12)) {
-            case 0:
-                return phone.advance(static_cast<double>(below(600)) / 1000);
-            case 1:
-                if (UITextInput* field = window().firstResponder()) {
-                    return turn([&] { field->insertText("가b"); });
-                }
-                break;
-            case 2:
-                if (const auto tables = visible<UITableView>(); !tables.empty()) {
-                    UITableView& table = *tables.back();
-                    const NSInteger rows = table.numberOfRowsInSection(0);
-                    const auto row = static_cast<NSInteger>(below(8));
-                    const bool reorders = below(2) == 0;
-                    return turn([&] {
-                        reorders ? table.dragRow({0, row}, {0, rows - 1})
-                                 : table.requestDelete({0, row});
-                    });
-                }
-                break;
-            case 3:
-                if (const auto views = visible<UIScrollView>(); !views.empty()) {
-                    UIScrollView& view = *views[below(views.size())];
-                    const CGPoint offset{static_cast<double>(below(500)),
-                                         static_cast<double>(below(500))};
-                    return turn([&] { view.dragTo(offset); });
-                }
-                break;
-            case 4:
-            case 5:
-            case 6:
-                if (const auto controls = visible<UIControl>(); !controls.empty()) {
-                    return touch(controls[below(controls.size())]->visibleRect().center());
-                }
-                break;
-            default:
-                break;
+        const std::size_t choice = below(12);
+        if (choice == 0) return phone.advance(static_cast<double>(below(600)) / 1000);
+        UITextInput* field = choice == 1 ? window().firstResponder() : nullptr;
+        if (field) return turn([&] { field->insertText("가b"); });
+        if (UITableView* table = choice == 2 ? any<UITableView>() : nullptr) {
+            const NSIndexPath row{0, static_cast<NSInteger>(below(8))};
+            const NSIndexPath last{0, table->numberOfRowsInSection(0) - 1};
+            const bool reorders = below(2) == 0;
+            return turn([&] { reorders ? table->dragRow(row, last) : table->requestDelete(row); });
         }
-        const CGSize screen = window().frame().size();
-        touch({static_cast<double>(below(static_cast<std::size_t>(screen.width))),
-               static_cast<double>(below(static_cast<std::size_t>(screen.height)))});
+        UIScrollView* view = choice == 3 ? any<UIScrollView>() : nullptr;
+        if (view) return turn([&] { view->dragTo(pointWithin({500, 500})); });
+        UIControl* control = choice > 3 && choice < 7 ? any<UIControl>() : nullptr;
+        touch(control ? control->visibleRect().center() : pointWithin(window().frame().size()));
     }
 
     /// What a person does to get out of everything: says no, cancels, closes.
     void leaveEverything() {
         for (int i = 0; i < 20; ++i) {
-            while (!window().alerts().empty()) {
-                turn([&] { window().answer(window().alerts().back().buttons.size() - 1); });
-            }
+            while (!window().alerts().empty())
+                answer(window().alerts().back().buttons.size() - 1);
             // A list that is being edited is closed only when that is done.
             for (const char* way : {"doneButton", "closeButton", "btnCancel"}) {
-                const auto controls = visible<UIControl>();
-                const auto found = std::find_if(
-                    controls.begin(), controls.end(),
-                    [&](UIControl* at) { return at->accessibilityIdentifier() == way; });
-                if (found != controls.end()) touch((*found)->visibleRect().center());
+                for (const UIControl* control : visible<UIControl>()) {
+                    if (control->accessibilityIdentifier() != way) continue;
+                    touch(control->visibleRect().center());
+                    break;
+                }
             }
             phone.advance(2);
         }
     }
 
     void checkStore() {
-        const auto lessons = phone.manager().dataList<GXLessonData>();
-        for (const GXLessonData* lesson : lessons) {
-            EXPECT_TRUE(lesson->timetable);
-            EXPECT_TRUE(lesson->professor);
+        for (const GXLessonData* lesson : phone.manager().dataList<GXLessonData>()) {
+            EXPECT_TRUE(lesson->timetable && lesson->professor);
             EXPECT_FALSE(lesson->name.get().empty());
             EXPECT_EQ(lesson->memo.count(), 1U);
         }
         std::set<std::tuple<NSInteger, NSInteger, float>> slots;
         for (const GXDayNPeriodData* placement : phone.manager().dataList<GXDayNPeriodData>()) {
+            const std::tuple slot(placement->week.get(), placement->day.get(),
+                                  placement->period.get());
             EXPECT_TRUE(placement->lesson);
-            EXPECT_TRUE(
-                slots.emplace(placement->week.get(), placement->day.get(), placement->period.get())
-                    .second)
-                << "two subjects on one slot";
+            EXPECT_TRUE(slots.insert(slot).second) << "two subjects on one slot";
         }
     }
 
-    Phone phone;
     std::mt19937 random{7};
 };
 
 TEST_F(RandomWalk, leaves_a_sound_store_and_a_menu_that_can_be_used) {
-    phone.launch();
     phone.timetable().numWeeks = 2;
     phone.manager().saveContext();
     phone.relaunch();
@@ -150,7 +120,7 @@ TEST_F(RandomWalk, leaves_a_sound_store_and_a_menu_that_can_be_used) {
     }
     EXPECT_GT(most, 2U) << "the walk never got as far as saving subjects";
     leaveEverything();
-    EXPECT_EQ(GXUIManager::manager().appState(), AppState::normal);
+    EXPECT_EQ(manager().appState(), AppState::normal);
     const auto menus = visible<GXBottomMenu>();
     ASSERT_EQ(menus.size(), 1U) << "something lies over the menu";
     EXPECT_FALSE(menus[0]->isLocked());

@@ -1,6 +1,5 @@
 // A store file that cannot be read or written: the process ends with its line, and the file
 // is as it was.
-#include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -9,7 +8,7 @@
 
 #include "support/child_process.h"
 #include "support/exchange_file.h"
-#include "support/phone.h"
+#include "support/launched_phone.h"
 
 namespace gexlo::test {
 
@@ -17,10 +16,9 @@ namespace {
 
 constexpr std::size_t kPage = 4096;
 
-class DamagedStore : public ::testing::Test {
+class DamagedStore : public LaunchedPhone {
 protected:
     DamagedStore() {
-        phone.launch();
         for (int i = 0; i < 12; ++i) {
             GXLessonData& lesson =
                 phone.addSubject("Subject " + std::to_string(i), {mon(1), tue(2)});
@@ -36,7 +34,7 @@ protected:
     /// What a person would see of it, as one text.
     std::string contentOfStore() {
         std::string text;
-        for (const GXLessonData* lesson : phone.manager().lessonListForCurrentTimetable()) {
+        for (const GXLessonData* lesson : manager().lessonListForCurrentTimetable()) {
             text += lesson->name.get() + lesson->memo.anyObject()->content.get();
             for (const auto* time : lesson->times)
                 text += std::to_string(time->period.get());
@@ -68,7 +66,6 @@ protected:
         EXPECT_TRUE(readFile(phone.storeFile()) == file) << "the file was changed";
     }
 
-    Phone phone;
     std::string content;
     std::string sound;
 };
@@ -146,7 +143,7 @@ TEST_F(DamagedStore, on_a_full_disk_the_last_save_that_returned_is_there_whole) 
         for (int i = 0; i < 1000; ++i) {
             phone.addSubject("More " + std::to_string(i)).memo.anyObject()->content =
                 std::string(3000, 'x');
-            phone.manager().saveContext();
+            manager().saveContext();
             std::printf("%d\n", i);
             std::fflush(stdout);
         }
@@ -156,7 +153,7 @@ TEST_F(DamagedStore, on_a_full_disk_the_last_save_that_returned_is_there_whole) 
     const auto returned = std::count(result.output.begin(), result.output.end(), '\n');
     ASSERT_GT(returned, 2);
     phone.relaunch();
-    const auto lessons = phone.manager().lessonListForCurrentTimetable();
+    const auto lessons = manager().lessonListForCurrentTimetable();
     const auto whole =
         std::count_if(lessons.begin(), lessons.end(), [](const GXLessonData* lesson) {
             return lesson->memo.anyObject()->content.get().size() == 3000;

@@ -1,5 +1,4 @@
 // Killed at any moment, the store holds every save that had returned, whole.
-#include <gtest/gtest.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -9,7 +8,7 @@
 #include <set>
 
 #include "support/child_process.h"
-#include "support/phone.h"
+#include "support/launched_phone.h"
 
 namespace gexlo::test {
 
@@ -81,16 +80,16 @@ void waitFor(const std::function<bool()>& condition) {
         ::usleep(step);
 }
 
-TEST(KilledProcess, every_save_that_returned_is_there_whole) {
-    Phone phone;
-    phone.launch();
+using KilledProcess = LaunchedPhone;
+
+TEST_F(KilledProcess, every_save_that_returned_is_there_whole) {
     phone.timetable().name = "0";
-    phone.manager().saveContext();
+    manager().saveContext();
     Progress progress;
     progress.returned = 0;
     std::mt19937 random(11);
     NSInteger last = 0;
-    for (int round = 0; round < kRounds && !::testing::Test::HasFailure(); ++round) {
+    for (int round = 0; round < kRounds && !HasFailure(); ++round) {
         phone.quit();
         const NSInteger first = last + 1;
         Child child([&] {
@@ -98,9 +97,9 @@ TEST(KilledProcess, every_save_that_returned_is_there_whole) {
             for (NSInteger n = first;; ++n) {
                 // Saves in the middle of turns, and turns that end with their file on the disk.
                 if (n % 3 == 0) {
-                    Device::current().perform([&] { saveStep(phone.manager(), n); });
+                    Device::current().perform([&] { saveStep(manager(), n); });
                 } else {
-                    saveStep(phone.manager(), n);
+                    saveStep(manager(), n);
                 }
                 progress.returned = n;
             }
@@ -113,18 +112,16 @@ TEST(KilledProcess, every_save_that_returned_is_there_whole) {
         last = std::stol(phone.timetable().name.get());
         const NSInteger returned = progress.returned;
         EXPECT_TRUE(last == returned || last == returned + 1) << last << " of " << returned;
-        expectStateAfter(phone.manager(), last);
+        expectStateAfter(manager(), last);
         progress.returned = last;
     }
     EXPECT_GT(last, kRounds / 2) << "hardly anything was saved between the kills";
 }
 
-TEST(KilledProcess, the_end_of_a_turn_that_saved_leaves_all_in_the_file_itself) {
-    Phone phone;
-    phone.launch();
+TEST_F(KilledProcess, the_end_of_a_turn_that_saved_leaves_all_in_the_file_itself) {
     Device::current().perform([&] {
         phone.timetable().name = "seen done";
-        phone.manager().saveContext();
+        manager().saveContext();
     });
     // A power cut may leave no more than what had been brought to the disk: not the log.
     const auto log = phone.storeFile().string() + "-wal";

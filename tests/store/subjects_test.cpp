@@ -1,23 +1,18 @@
 // Subjects and their items: numbers, order, removal and renumbering.
-#include <gtest/gtest.h>
-
-#include "support/phone.h"
+#include "support/launched_phone.h"
 
 namespace gexlo::test {
 
 namespace {
 
-class Subjects : public ::testing::Test {
+class Subjects : public LaunchedPhone {
 protected:
-    Subjects() { phone.launch(); }
-    GXDataManager& manager() { return phone.manager(); }
     std::string listedNames() {
         std::string names;
         for (const GXLessonData* lesson : manager().lessonListForCurrentTimetable())
             names += lesson->name.get();
         return names;
     }
-    Phone phone;
 };
 
 TEST_F(Subjects, a_subject_gets_the_next_number_of_the_store_and_the_next_place_of_its_timetable) {

@@ -1,19 +1,12 @@
 // Making, copying and removing timetables, the starting one, and counting changes.
-#include <gtest/gtest.h>
-
 #include "platform/foundation/user_defaults.h"
-#include "support/phone.h"
+#include "support/launched_phone.h"
 
 namespace gexlo::test {
 
 namespace {
 
-class Timetables : public ::testing::Test {
-protected:
-    Timetables() { phone.launch(); }
-    GXDataManager& manager() { return phone.manager(); }
-    Phone phone;
-};
+using Timetables = LaunchedPhone;
 
 TEST_F(Timetables, numbers_are_never_given_twice) {
     const NSInteger highest = manager().addNewTimetable().index.get();

@@ -26,7 +26,7 @@ inline void change(const std::filesystem::path& path, const std::string& sql) {
 
 /// A whole file with one subject, on which the statements were run.
 inline void writeExchangeFile(const std::filesystem::path& path, const std::string& changes = "") {
-    std::string sql = "BEGIN;";
+    std::string sql = "PRAGMA synchronous = OFF; PRAGMA journal_mode = OFF; BEGIN;";
     for (const char* statement : exchange_format::kCreateStatements)
         sql += std::string(statement) + ";";
     sql +=

@@ -28,6 +28,10 @@ inline void tap(const UIView& view) {
     UIWindow::keyWindow().touchDown(place);
     UIWindow::keyWindow().touchUp(place);
 }
+/// To the alert on top.
+inline void answer(std::size_t button, const std::vector<std::string>& texts = {}) {
+    Device::current().perform([&] { UIWindow::keyWindow().answer(button, texts); });
+}
 inline void post(const char* name, UserInfo userInfo = {}) {
     NSNotificationCenter::defaultCenter().postNotificationName(name, std::move(userInfo));
 }

@@ -87,7 +87,7 @@ void Phone::quit() {
 void Phone::restart() {
     quit();
     device_ = std::make_unique<Device>(
-        facts, Clock::standingAt(NSDate::dateWithTimeIntervalSince1970(now_)));
+        facts, Clock::standingAt(NSDate::dateWithTimeIntervalSince1970(now_)), services);
     device_->log().setSink([this](const std::string& line) { log_.push_back(line); });
 }
 

@@ -59,6 +59,7 @@ public:
 
     /// The facts of the next start: `phone.facts.languages = {"ja"}; phone.restart();`.
     DeviceFacts facts;
+    HostServices services;  ///< of the next start, too
     std::filesystem::path storeFile() const { return facts.root / "Group" / "Vetra.sqlite"; }
 
     void launch();

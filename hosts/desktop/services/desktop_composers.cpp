@@ -1,8 +1,8 @@
 #include "hosts/desktop/services/desktop_composers.h"
 
-#include <QProcess>
 #include <QStandardPaths>
 
+#include "hosts/drawing/qt_text.h"
 #include "platform/foundation/device.h"
 #include "platform/foundation/file_manager.h"
 #include "platform/foundation/log.h"
@@ -12,10 +12,6 @@ namespace gexlo {
 namespace {
 
 constexpr auto kMailer = "xdg-email";
-
-QString qtText(const std::string& text) {
-    return QString::fromStdString(text);
-}
 
 /// Makes it for its owner alone.
 void makePrivateDirectory(const std::filesystem::path& directory) {
@@ -28,23 +24,37 @@ void makePrivateDirectory(const std::filesystem::path& directory) {
 
 DesktopComposers::DesktopComposers(const std::filesystem::path& temporaryDirectory,
                                    std::chrono::milliseconds patience)
-    : directory_(temporaryDirectory / "mail"), patience_(patience) {
+    : directory_(temporaryDirectory / "mail") {
     std::error_code error;
     std::filesystem::remove_all(directory_, error);
+    query_.setStandardInputFile(QProcess::nullDevice());
+    query_.setStandardErrorFile(QProcess::nullDevice());
+    query_.setProgram("xdg-mime");
+    query_.setArguments({"query", "default", "x-scheme-handler/mailto"});
+    patience_.setSingleShot(true);
+    patience_.setInterval(patience);
+    QObject::connect(&patience_, &QTimer::timeout, &query_, &QProcess::kill);
+    QObject::connect(&query_, &QProcess::finished, &query_, [this] {
+        patience_.stop();
+        hasProgram_ = !query_.readAllStandardOutput().trimmed().isEmpty();
+    });
+    ask();
+}
+
+DesktopComposers::~DesktopComposers() {
+    query_.kill();
+    query_.waitForFinished();
+}
+
+void DesktopComposers::ask() {
+    if (query_.state() != QProcess::NotRunning) return;
+    query_.start();
+    patience_.start();
 }
 
 bool DesktopComposers::canSendMail() {
-    if (QStandardPaths::findExecutable(kMailer).isEmpty()) return false;
-    QProcess query;
-    query.setStandardInputFile(QProcess::nullDevice());
-    query.setStandardErrorFile(QProcess::nullDevice());
-    query.start("xdg-mime", {"query", "default", "x-scheme-handler/mailto"});
-    if (query.waitForFinished(static_cast<int>(patience_.count()))) {
-        return !query.readAllStandardOutput().trimmed().isEmpty();
-    }
-    query.kill();
-    query.waitForFinished();
-    return false;
+    ask();
+    return hasProgram_ && !QStandardPaths::findExecutable(kMailer).isEmpty();
 }
 
 /// The path of a file of its own, under the attachment's name; "" if it cannot be written.

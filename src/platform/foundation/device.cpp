@@ -20,8 +20,8 @@ void setIcuDefaults(const DeviceFacts& facts) {
 
 }  // namespace
 
-Device::Device(DeviceFacts facts, Clock clock)
-    : facts_(std::move(facts)), clock_(clock), mainQueue_(*this) {
+Device::Device(DeviceFacts facts, Clock clock, HostServices services)
+    : facts_(std::move(facts)), services_(std::move(services)), clock_(clock), mainQueue_(*this) {
     if (installed) {
         std::fputs("A device is installed already\n", stderr);
         std::abort();
@@ -39,6 +39,7 @@ Device::Device(DeviceFacts facts, Clock clock)
 Device::~Device() {
     const std::scoped_lock guard(lock_);
     mainQueue_.cancelAll();
+    requests_.cancelAll();
     isEnding_ = true;
     while (!singletons_.empty())
         singletons_.pop_back();

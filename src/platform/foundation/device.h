@@ -13,6 +13,7 @@
 #include "platform/foundation/clock.h"
 #include "platform/foundation/log.h"
 #include "platform/foundation/main_queue.h"
+#include "platform/foundation/pending_requests.h"
 
 namespace gexlo {
 
@@ -20,7 +21,7 @@ class Composers;
 class KeyStore;
 class TextMeasure;
 
-/// What a host says about the device before it installs it.
+/// What a host says about the device before it installs it: values, no more.
 struct DeviceFacts {
     std::filesystem::path root;       ///< holds all that the application keeps
     std::filesystem::path resources;  ///< texts, images, fonts
@@ -42,13 +43,6 @@ struct DeviceFacts {
     std::string vendorId;
     bool watchSupported = true;
 
-    /// Null where the host draws nothing; a plain rule measures then.
-    std::shared_ptr<const TextMeasure> textMeasure;
-    /// Null where the keychain's file is all there is.
-    std::shared_ptr<KeyStore> keyStore;
-    /// Null where nothing can be sent.
-    std::shared_ptr<Composers> composers;
-
     std::string serviceUrl;
     std::string feedbackUrl;
 
@@ -60,11 +54,21 @@ struct DeviceFacts {
     std::filesystem::path keychainFile() const { return root / "Keychain.plist"; }
 };
 
+/// What a host does for the device. Each is shared with the host, and null where it does not.
+struct HostServices {
+    /// A plain rule measures in its place.
+    std::shared_ptr<const TextMeasure> textMeasure;
+    /// The keychain's file is all there is without.
+    std::shared_ptr<KeyStore> keyStore;
+    /// Nothing can be sent without.
+    std::shared_ptr<Composers> composers;
+};
+
 /// One device at a time is installed, from construction to end. Its end is the end of
 /// the process as the system sees it: every singleton goes, the last built first.
 class Device {
 public:
-    Device(DeviceFacts facts, Clock clock);
+    Device(DeviceFacts facts, Clock clock, HostServices services = {});
     ~Device();
     Device(const Device&) = delete;
     Device& operator=(const Device&) = delete;
@@ -72,9 +76,11 @@ public:
     static Device& current();
 
     const DeviceFacts& facts() const { return facts_; }
+    const HostServices& services() const { return services_; }
     Clock& clock() { return clock_; }
     Log& log() { return log_; }
     MainQueue& mainQueue() { return mainQueue_; }
+    PendingRequests& requests() { return requests_; }
 
     /// Held by every turn of the main queue. Whoever calls the system from another
     /// thread, as the watch session does, holds it for the length of that call.
@@ -97,12 +103,14 @@ private:
     void expectNotEnding() const;
 
     DeviceFacts facts_;
+    HostServices services_;
     Clock clock_;
     Log log_;
     std::recursive_mutex lock_;
     std::vector<Singleton> singletons_;
     bool isEnding_ = false;
     MainQueue mainQueue_;
+    PendingRequests requests_{mainQueue_};
 };
 
 template <typename T>

@@ -8,31 +8,37 @@ namespace gexlo {
 
 namespace {
 
-/// True for as long as it lives, also where the work of a turn throws.
+using ThreadId = std::atomic<std::thread::id>;
+
+/// Names this thread for as long as it lives, also where the work of a turn throws.
 class Mark {
 public:
-    explicit Mark(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Mark() { flag_ = false; }
+    explicit Mark(ThreadId& thread) : thread_(thread) { thread_ = std::this_thread::get_id(); }
+    ~Mark() { thread_ = std::thread::id(); }
     Mark(const Mark&) = delete;
     Mark& operator=(const Mark&) = delete;
 
 private:
-    bool& flag_;
+    ThreadId& thread_;
 };
 
 }  // namespace
 
 void MainQueue::turn(const Work& work) {
     const std::scoped_lock held(device_.lock());
-    if (isInTurn_) return work();
-    const Mark mark(isInTurn_);
-    work();
-    runQueued();
-    for (std::size_t i = 0; i < endOfTurn_.size(); ++i)
-        endOfTurn_[i]();
+    if (turning_ == std::this_thread::get_id()) return work();
+    {
+        const Mark mark(turning_);
+        work();
+        drain();
+        for (std::size_t i = 0; i < endOfTurn_.size(); ++i)
+            endOfTurn_[i]();
+    }
+    const std::scoped_lock guard(mutex_);
+    if (!queued_.empty()) wakeHost();  // by a hook
 }
 
-void MainQueue::runQueued() {
+void MainQueue::drain() {
     for (;;) {
         std::vector<Work> batch;
         {
@@ -48,12 +54,32 @@ void MainQueue::runQueued() {
 void MainQueue::async(Work work) {
     const std::scoped_lock guard(mutex_);
     queued_.push_back(std::move(work));
+    wakeHost();
+}
+
+void MainQueue::runQueued() {
+    {
+        const std::scoped_lock guard(mutex_);
+        if (queued_.empty()) return;
+    }
+    turn([] {});
+}
+
+void MainQueue::setWake(Work wake) {
+    const std::scoped_lock guard(mutex_);
+    wake_ = std::move(wake);
+}
+
+/// Under the mutex.
+void MainQueue::wakeHost() const {
+    if (wake_ && turning_ != std::this_thread::get_id()) wake_();
 }
 
 void MainQueue::after(NSTimeInterval delay, Work work) {
     const NSDate due = device_.clock().now().dateByAddingTimeInterval(delay);
     const std::scoped_lock guard(mutex_);
     delayed_.emplace(due, std::move(work));
+    wakeHost();
 }
 
 std::optional<NSDate> MainQueue::nextDue() const {
@@ -106,6 +132,7 @@ void MainQueue::cancelAll() {
         const std::scoped_lock guard(mutex_);
         queued.swap(queued_);
         delayed.swap(delayed_);
+        wake_ = {};
     }
     std::deque<Work>().swap(endOfTurn_);
 }

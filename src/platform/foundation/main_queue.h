@@ -1,12 +1,14 @@
 // The main queue: work in order, work after a delay, and what follows each turn of it.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <deque>
 #include <functional>
 #include <map>
 #include <mutex>
 #include <optional>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -32,6 +34,11 @@ public:
 
     /// Queues work behind what is queued already; from any thread.
     void async(Work work);
+    /// Runs, as one turn, what was queued outside of turns.
+    void runQueued();
+    /// Called, in any thread, when something was queued that no turn is about to run, or delayed:
+    /// for the host to call `runQueued` and to ask for `nextDue` anew. It must not call the queue.
+    void setWake(Work wake);
     /// Runs work once `delay` seconds have passed on the device's clock; work that falls
     /// due at one moment runs in the order it came.
     void after(NSTimeInterval delay, Work work);
@@ -51,15 +58,17 @@ public:
     void cancelAll();
 
 private:
-    void runQueued();
+    void drain();
+    void wakeHost() const;
     void turnClockTo(NSDate moment);
 
     Device& device_;
-    mutable std::mutex mutex_;  // guards the two queues, which other threads may fill
+    mutable std::mutex mutex_;  // guards the two queues, which other threads may fill, and wake_
     std::vector<Work> queued_;
     std::multimap<NSDate, Work> delayed_;
     std::deque<Work> endOfTurn_;  // a hook may add one while they run
-    bool isInTurn_ = false;       // guarded by the device's lock
+    Work wake_;
+    std::atomic<std::thread::id> turning_;  // the thread that runs a turn
 };
 
 }  // namespace gexlo

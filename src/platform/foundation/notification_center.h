@@ -5,6 +5,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -17,9 +18,25 @@ namespace gexlo {
 /// What travels with a post, by the keys that the poster and its observers agreed on.
 using UserInfo = std::map<std::string, std::any, std::less<>>;
 
+/// One of these keys, and what is under it.
+template <typename T>
+struct UserInfoKey {
+    const char* name;
+    /// An entry for a post.
+    UserInfo::value_type operator()(T value) const { return {name, std::any(std::move(value))}; }
+};
+
 struct NSNotification {
     std::string name;
     UserInfo userInfo;
+
+    /// What is under the key; nothing where that is missing or of another type.
+    template <typename T>
+    std::optional<T> value(const UserInfoKey<T>& key) const {
+        const auto found = userInfo.find(key.name);
+        const T* value = found == userInfo.end() ? nullptr : std::any_cast<T>(&found->second);
+        return value ? std::optional(*value) : std::nullopt;
+    }
 };
 
 /// A registration: it ends with its holder.

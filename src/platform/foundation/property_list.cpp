@@ -35,8 +35,9 @@ Object valueFromNode(plist_t node) {
 plist_t dateNode(NSDate date) {
     const double since2001 = date.timeIntervalSince1970() - NSDate::kReferenceSince1970;
     constexpr double limit = 2147483647;  // the library's seconds have 32 bits
-    return plist_new_date(
-        static_cast<std::int32_t>(std::clamp(std::floor(since2001), -limit, limit)), 0);
+    // Written so that what is no number comes out as one.
+    const double seconds = since2001 > -limit ? std::min(std::floor(since2001), limit) : -limit;
+    return plist_new_date(static_cast<std::int32_t>(seconds), 0);
 }
 
 /// Makes the node of a value; null for what a property list cannot hold.

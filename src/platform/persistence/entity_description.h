@@ -94,6 +94,9 @@ public:
 private:
     template <typename T>
     static EntityDescription recorded() {
+        static_assert(
+            requires(NSManagedObject * object) { static_cast<T*>(object); },
+            "an entity derives from NSManagedObject once, and not virtually: see Member");
         EntityDescription description{.name = T::entity.name};
         description.make = [] { return std::unique_ptr<NSManagedObject>(std::make_unique<T>()); };
         EntityRecorder::current().description = &description;

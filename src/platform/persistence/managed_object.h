@@ -57,26 +57,36 @@ private:
     bool seenInStore_ = false;  // mark of a load
 };
 
-/// What every member of an object has: the way back to the object.
+/// What every member of an object has: the way back to the object, which is where the member lies
+/// in it. Objects stay where they were made, and a member has the same place in all of an entity.
+/// The language promises neither way between an object and its members; compilers keep it where
+/// memory is flat and no base is virtual, of which the model makes sure. Nothing else relies on it.
 class Member {
 public:
     Member(const Member&) = delete;
     Member& operator=(const Member&) = delete;
 
+    /// The member that lies so many bytes from the start of an object.
+    static Member& at(NSManagedObject& object, std::size_t offset) {
+        return *reinterpret_cast<Member*>(reinterpret_cast<char*>(&object) + offset);
+    }
+
 protected:
     explicit Member(NSManagedObject& owner)
-        : distance_(static_cast<std::uint32_t>(reinterpret_cast<char*>(this) -
-                                               reinterpret_cast<char*>(&owner))) {}
+        : offset_(static_cast<std::uint32_t>(reinterpret_cast<char*>(this) -
+                                             reinterpret_cast<char*>(&owner))) {}
 
     NSManagedObject& owner() {
-        return *reinterpret_cast<NSManagedObject*>(reinterpret_cast<char*>(this) - distance_);
+        return *reinterpret_cast<NSManagedObject*>(reinterpret_cast<char*>(this) - offset_);
     }
-    std::size_t offset() const { return distance_; }
+    std::size_t offset() const { return offset_; }
     void willChange() { owner().willChange(); }
 
-    std::uint32_t distance_;
+    std::uint32_t offset_;
     bool isSet_ = false;  // of attributes; here it takes no room of its own
 };
+static_assert(!std::is_move_constructible_v<NSManagedObject> &&
+              !std::is_move_constructible_v<Member>);
 
 namespace detail {
 template <typename T>
@@ -167,7 +177,7 @@ namespace detail {
 /// The member of an object that an attribute describes; T is the type it was declared with.
 template <typename T>
 Attribute<T>& attributeAt(NSManagedObject& object, const AttributeDescription& attribute) {
-    return *reinterpret_cast<Attribute<T>*>(reinterpret_cast<char*>(&object) + attribute.offset);
+    return static_cast<Attribute<T>&>(Member::at(object, attribute.offset));
 }
 template <typename T>
 const Attribute<T>& attributeAt(const NSManagedObject& object,
@@ -188,8 +198,7 @@ protected:
     void link(NSManagedObject* target);    // null takes the link of a to-one away
     void unlink(NSManagedObject& target);  // from a to-many
     static RelationshipMember& of(NSManagedObject& object, const RelationshipDescription& which) {
-        return *reinterpret_cast<RelationshipMember*>(reinterpret_cast<char*>(&object) +
-                                                      which.offset);
+        return static_cast<RelationshipMember&>(at(object, which.offset));
     }
 
 private:

@@ -159,8 +159,8 @@ std::optional<NSError> NSManagedObjectContext::catchUp() {
 NSManagedObject* NSManagedObjectContext::objectWithKey(const EntityDescription& entity,
                                                        NSInteger rowKey) const {
     const Rows& rows = rows_[entity.index];
-    // Where no row was ever removed, a row's place is its key.
-    const auto guess = static_cast<std::size_t>(rowKey - 1);
+    // Where no row was ever removed, a row's place is its key. A damaged one may be any number.
+    const std::size_t guess = static_cast<std::size_t>(rowKey) - 1;
     if (guess < rows.size() && rows[guess]->rowKey_ == rowKey) return rows[guess].get();
     const auto at = rowAt(rows, rowKey);
     return at != rows.end() && (*at)->rowKey_ == rowKey ? at->get() : nullptr;

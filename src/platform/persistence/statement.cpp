@@ -18,6 +18,13 @@ Statement prepare(sqlite3* database, std::string_view sql) {
     return Statement(statement);
 }
 
+sqlite3_stmt* StatementCache::statement(sqlite3* database, const char* sql,
+                                        const std::function<std::string()>& text) {
+    const auto [found, isNew] = statements_.try_emplace(sql);
+    if (isNew) found->second = prepare(database, text ? text() : sql);
+    return found->second.get();
+}
+
 int execute(sqlite3* database, const std::string& sql) {
     return sqlite3_exec(database, sql.c_str(), nullptr, nullptr, nullptr);
 }

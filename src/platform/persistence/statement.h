@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -26,6 +28,18 @@ using Statement = std::unique_ptr<sqlite3_stmt, StatementFinalizer>;
 
 /// Null when the text does not compile; the database knows why.
 Statement prepare(sqlite3* database, std::string_view sql);
+/// Statements that are run for many rows, each prepared once. Ends before its database.
+class StatementCache {
+public:
+    /// Null when the text does not compile. `sql` is a constant: its place tells it from others.
+    /// Where there is a `text`, that is prepared in its stead.
+    sqlite3_stmt* statement(sqlite3* database, const char* sql,
+                            const std::function<std::string()>& text = {});
+
+private:
+    std::map<const char*, Statement> statements_;
+};
+
 /// Runs statements that give no rows; SQLite's result code.
 int execute(sqlite3* database, const std::string& sql);
 /// The one number that a query gives, 0 without a row.

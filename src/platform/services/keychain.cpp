@@ -62,7 +62,7 @@ public:
         if (said != file.end()) keyStoreHas_ = said->second.stringValue();
         const auto kept = readKeyStore();
         if (!kept) return;
-        keyStore_ = Device::current().facts().keyStore;
+        keyStore_ = Device::current().services().keyStore;
         const bool isMoved = keyStoreHas_ == kHasMore && items_.empty();
         if (keyStoreHas_ != kHasOlder) join(*kept);
         // A failure is in the log, and changes nothing of where the items are.
@@ -85,7 +85,7 @@ private:
     /// The key store's items; nothing where it cannot be read. One that has lost items that it
     /// had kept is taken for a locked one.
     std::optional<std::vector<NSDictionary>> readKeyStore() const {
-        const auto& keyStore = Device::current().facts().keyStore;
+        const auto& keyStore = Device::current().services().keyStore;
         const auto text = keyStore ? keyStore->load() : std::nullopt;
         if (!text || (text->empty() && keyStoreHas_ == kHasMore)) return std::nullopt;
         if (text->empty()) return std::vector<NSDictionary>{};

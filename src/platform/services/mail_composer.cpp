@@ -7,7 +7,7 @@
 namespace gexlo {
 
 bool MFMailComposeViewController::canSendMail() {
-    const auto& composers = Device::current().facts().composers;
+    const auto& composers = Device::current().services().composers;
     return composers && composers->canSendMail();
 }
 
@@ -22,7 +22,7 @@ void MFMailComposeViewController::setFinished(std::function<void(MFMailComposeRe
 }
 
 void MFMailComposeViewController::present() && {
-    const auto& composers = Device::current().facts().composers;
+    const auto& composers = Device::current().services().composers;
     if (!composers) return;
     UIWindow::keyWindow().setCovered(true);
     composers->composeMail(std::move(mail_),

@@ -11,6 +11,8 @@ public:
         setUserInteractionEnabled(false);
     }
     const char* className() const override { return "UIActivityIndicatorView"; }
+    void accept(ViewVisitor& visitor) const override { visitor.visit(*this); }
+    void accept(MutableViewVisitor& visitor) override { visitor.visit(*this); }
 
     const UIColor& color() const { return color_; }
     void setColor(UIColor color) { change(color_, color); }

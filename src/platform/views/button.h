@@ -15,6 +15,8 @@ public:
     using UIControl::UIControl;
 
     const char* className() const override { return "UIButton"; }
+    void accept(ViewVisitor& visitor) const override { visitor.visit(*this); }
+    void accept(MutableViewVisitor& visitor) override { visitor.visit(*this); }
 
     const std::string& title() const { return title_; }
     void setTitle(std::string_view title) { changeText(title_, title); }

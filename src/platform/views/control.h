@@ -25,6 +25,8 @@ public:
     using UIView::UIView;
 
     const char* className() const override { return "UIControl"; }
+    void accept(ViewVisitor& visitor) const override { visitor.visit(*this); }
+    void accept(MutableViewVisitor& visitor) override { visitor.visit(*this); }
 
     bool isEnabled() const { return enabled_; }
     void setEnabled(bool enabled) { change(enabled_, enabled); }

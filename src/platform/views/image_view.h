@@ -14,6 +14,8 @@ public:
     explicit UIImageView(CGRect frame) : UIView(frame) { userInteractionEnabled_ = false; }
 
     const char* className() const override { return "UIImageView"; }
+    void accept(ViewVisitor& visitor) const override { visitor.visit(*this); }
+    void accept(MutableViewVisitor& visitor) override { visitor.visit(*this); }
 
     const UIImage& image() const { return image_; }
     void setImage(UIImage image) { change(image_, std::move(image)); }

@@ -17,6 +17,8 @@ public:
     explicit UILabel(CGRect frame) : UIView(frame) { userInteractionEnabled_ = false; }
 
     const char* className() const override { return "UILabel"; }
+    void accept(ViewVisitor& visitor) const override { visitor.visit(*this); }
+    void accept(MutableViewVisitor& visitor) override { visitor.visit(*this); }
 
     const std::string& text() const { return text_; }
     void setText(std::string_view text) { changeText(text_, text); }

@@ -9,7 +9,7 @@ namespace gexlo {
 
 namespace {
 
-double restingOffset(double wanted, double first, double last, double visible, bool paging) {
+double resting(double wanted, double first, double last, double visible, bool paging) {
     if (paging && visible > 0) wanted = std::round(wanted / visible) * visible;
     return std::clamp(wanted, first, last);
 }
@@ -54,6 +54,13 @@ void UIScrollView::setContentOffset_animated(CGPoint offset, bool animated) {
     animateWithDuration(kScrollDuration, [&] { setContentOffset(offset); });
 }
 
+CGPoint UIScrollView::restingOffset(CGPoint offset) const {
+    const CGPoint first = firstOffset();
+    const CGPoint last = lastOffset();
+    return {resting(offset.x, first.x, last.x, frame().width, pagingEnabled_),
+            resting(offset.y, first.y, last.y, frame().height, pagingEnabled_)};
+}
+
 void UIScrollView::dragTo(CGPoint offset) {
     if (!scrollEnabled_) return;
     if (UIWindow* window = this->window()) {
@@ -64,10 +71,7 @@ void UIScrollView::dragTo(CGPoint offset) {
         window->touchCancel();
     }
     willBeginDragging();
-    const CGPoint first = firstOffset();
-    const CGPoint last = lastOffset();
-    setContentOffset({restingOffset(offset.x, first.x, last.x, frame().width, pagingEnabled_),
-                      restingOffset(offset.y, first.y, last.y, frame().height, pagingEnabled_)});
+    setContentOffset(restingOffset(offset));
 }
 
 }  // namespace gexlo

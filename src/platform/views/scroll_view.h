@@ -14,6 +14,8 @@ public:
     explicit UIScrollView(CGRect frame) : UIView(frame) { setClipsToBounds(true); }
 
     const char* className() const override { return "UIScrollView"; }
+    void accept(ViewVisitor& visitor) const override { visitor.visit(*this); }
+    void accept(MutableViewVisitor& visitor) override { visitor.visit(*this); }
 
     const CGSize& contentSize() const { return contentSize_; }
     // Where content that shrinks, or a frame that grows, leaves the offset beyond the last one
@@ -41,8 +43,10 @@ public:
     /// Whether a drag takes a touch from that view; where not, it is the view's.
     virtual bool touchesShouldCancelInContentView(const UIView&) const { return true; }
 
-    /// A finger's drag towards an offset that then comes to rest: within the content, and at
+    /// Where the content comes to rest that is let go at that offset: within its limits, and at
     /// the nearest page where paging is on.
+    CGPoint restingOffset(CGPoint offset) const;
+    /// A finger's drag towards an offset that then comes to rest.
     void dragTo(CGPoint offset);
     /// A finger begins to drag.
     virtual void willBeginDragging() {}

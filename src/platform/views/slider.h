@@ -11,6 +11,8 @@ class UISlider final : public UIControl {
 public:
     using UIControl::UIControl;
     const char* className() const override { return "UISlider"; }
+    void accept(ViewVisitor& visitor) const override { visitor.visit(*this); }
+    void accept(MutableViewVisitor& visitor) override { visitor.visit(*this); }
 
     float minimumValue() const { return minimumValue_; }
     float maximumValue() const { return maximumValue_; }

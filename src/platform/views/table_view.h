@@ -62,6 +62,8 @@ public:
     explicit UITableView(CGRect frame) : UIScrollView(frame) { setAlwaysBounceVertical(true); }
 
     const char* className() const override { return "UITableView"; }
+    void accept(ViewVisitor& visitor) const override { visitor.visit(*this); }
+    void accept(MutableViewVisitor& visitor) override { visitor.visit(*this); }
 
     void setDataSource(std::weak_ptr<UITableViewDataSource> source) { source_ = std::move(source); }
     void setDelegate(std::weak_ptr<UITableViewDelegate> delegate) {
@@ -114,6 +116,7 @@ public:
     bool requestDelete(NSIndexPath path);
     /// A drag while editing; one that ends where it began moves nothing.
     bool dragRow(NSIndexPath from, NSIndexPath to);
+    bool canPull() const { return refreshControl_ && isScrollEnabled(); }
     /// Down beyond the first row, to refresh the table.
     bool pull();
 

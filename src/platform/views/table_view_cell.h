@@ -22,6 +22,8 @@ public:
     /// With an identifier the table keeps it, once out of sight, for another row.
     explicit UITableViewCell(std::string_view reuseIdentifier = "");
     const char* className() const override { return "UITableViewCell"; }
+    void accept(ViewVisitor& visitor) const override { visitor.visit(*this); }
+    void accept(MutableViewVisitor& visitor) override { visitor.visit(*this); }
 
     const std::string& reuseIdentifier() const { return reuseIdentifier_; }
     UIView& contentView() { return *contentView_; }

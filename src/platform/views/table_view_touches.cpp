@@ -115,7 +115,7 @@ void UITableView::didEndDragging() {
 }
 
 bool UITableView::pull() {
-    if (!refreshControl_ || !isScrollEnabled()) return false;
+    if (!canPull()) return false;
     if (UIWindow* window = this->window()) window->touchCancel();
     setContentOffset({contentOffset().x, firstOffset().y - kPull});
     refresh();

@@ -32,7 +32,7 @@ std::string onOneLine(std::string_view text) {
     return line;
 }
 
-bool UITextInput::isFirstResponder() {
+bool UITextInput::isFirstResponder() const {
     const UIWindow* window = this->window();
     return window && window->firstResponder() == this;
 }

@@ -52,7 +52,7 @@ public:
         delegate_ = std::move(delegate);
     }
 
-    bool isFirstResponder();
+    bool isFirstResponder() const;
     /// Takes the focus. Whether it could: a field off the screen or not enabled cannot.
     bool becomeFirstResponder();
     void resignFirstResponder();
@@ -90,6 +90,8 @@ class UITextField final : public UITextInput {
 public:
     using UITextInput::UITextInput;
     const char* className() const override { return "UITextField"; }
+    void accept(ViewVisitor& visitor) const override { visitor.visit(*this); }
+    void accept(MutableViewVisitor& visitor) override { visitor.visit(*this); }
 
     bool isSecureTextEntry() const { return secureTextEntry_; }
     void setSecureTextEntry(bool secure) { change(secureTextEntry_, secure); }
@@ -106,6 +108,8 @@ class UITextView final : public UITextInput {
 public:
     using UITextInput::UITextInput;
     const char* className() const override { return "UITextView"; }
+    void accept(ViewVisitor& visitor) const override { visitor.visit(*this); }
+    void accept(MutableViewVisitor& visitor) override { visitor.visit(*this); }
 
     void returnKey() override { insertText("\n"); }
 };

@@ -26,7 +26,7 @@ bool isMark(UChar32 character) {
 
 const TextMeasure& TextMeasure::current() {
     static const PlainTextMeasure plain;
-    const auto& ofHost = Device::current().facts().textMeasure;
+    const auto& ofHost = Device::current().services().textMeasure;
     return ofHost ? *ofHost : plain;
 }
 

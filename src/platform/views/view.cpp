@@ -71,13 +71,6 @@ void UIView::bringSubviewToFront(UIView& view) {
     markChanged();
 }
 
-UIWindow* UIView::window() {
-    UIView* top = this;
-    while (top->superview_)
-        top = top->superview_;
-    return dynamic_cast<UIWindow*>(top);
-}
-
 bool UIView::isDescendantOf(const UIView& other) const {
     for (const UIView* view = this; view; view = view->superview_) {
         if (view == &other) return true;

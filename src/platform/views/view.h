@@ -12,6 +12,7 @@
 #include "platform/foundation/types.h"
 #include "platform/views/color.h"
 #include "platform/views/geometry.h"
+#include "platform/views/view_visitor.h"
 
 namespace gexlo {
 
@@ -39,6 +40,9 @@ public:
     UIView& operator=(const UIView&) = delete;
 
     virtual const char* className() const { return "UIView"; }
+    /// Calls the visitor's operation for the view's kind.
+    virtual void accept(ViewVisitor& visitor) const { visitor.visit(*this); }
+    virtual void accept(MutableViewVisitor& visitor) { visitor.visit(*this); }
 
     // MARK: place in the tree
 
@@ -61,7 +65,9 @@ public:
     /// From bottom to top.
     std::span<const std::shared_ptr<UIView>> subviews() const { return subviews_; }
     UIView* superview() const { return superview_; }
-    UIWindow* window();
+    /// The one that the view is on, or null.
+    virtual UIWindow* window() { return superview_ ? superview_->window() : nullptr; }
+    virtual const UIWindow* window() const { return superview_ ? superview_->window() : nullptr; }
     bool isDescendantOf(const UIView& other) const;
 
     // MARK: looks

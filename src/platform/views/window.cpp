@@ -1,9 +1,9 @@
 #include "platform/views/window.h"
 
 #include "platform/foundation/device.h"
-#include "platform/foundation/notification_center.h"
 #include "platform/views/screen.h"
 #include "platform/views/text_input.h"
+#include "platform/views/view_controller.h"
 
 namespace gexlo {
 
@@ -114,6 +114,15 @@ void UIWindow::setCovered(bool covered) {
     isCovered_ = covered;
 }
 
+void UIWindow::setRootViewController(std::shared_ptr<UIViewController> controller) {
+    root_ = std::move(controller);
+    insertSubview_atIndex(root_->view(), 0);
+}
+
+void UIWindow::makeKeyAndVisible() {
+    UIViewController::endAppearance(root_->beginAppearance(true, false), false);
+}
+
 void UIWindow::setFirstResponder(UITextInput* input) {
     if (input == firstResponder_.get()) return;
     const auto former = std::move(firstResponder_);
@@ -125,7 +134,7 @@ void UIWindow::setFirstResponder(UITextInput* input) {
     if (height == 0 || this != &keyWindow()) {
         // A device with keys of its own shows none, and an alert's fields move nothing.
     } else if (!former && input) {
-        center.postNotificationName(kKeyboardWillShowNotification, {{"height", height}});
+        center.postNotificationName(kKeyboardWillShowNotification, {kKeyboardHeight(height)});
     } else if (former && !input) {
         center.postNotificationName(kKeyboardWillHideNotification);
     }

@@ -6,17 +6,19 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/foundation/notification_center.h"
 #include "platform/views/alert.h"
 #include "platform/views/view.h"
 
 namespace gexlo {
 
 class UITextInput;
+class UIViewController;
 
-/// Posted on the default centre when the keyboard comes, with its height in points under
-/// "height", and when it goes.
+/// Posted on the default centre when the keyboard comes, with its height, and when it goes.
 inline constexpr const char* kKeyboardWillShowNotification = "UIKeyboardWillShowNotification";
 inline constexpr const char* kKeyboardWillHideNotification = "UIKeyboardWillHideNotification";
+inline constexpr UserInfoKey<double> kKeyboardHeight{"height"};  ///< points
 
 /// As large as the screen.
 class UIWindow final : public UIView {
@@ -27,6 +29,8 @@ public:
     static UIWindow& keyWindow();
 
     const char* className() const override { return "UIWindow"; }
+    UIWindow* window() override { return this; }
+    const UIWindow* window() const override { return this; }
 
     // MARK: touches
 
@@ -64,6 +68,14 @@ public:
     bool isCovered() const { return isCovered_; }
     void setCovered(bool covered);
 
+    // MARK: screens
+
+    /// The screen below all others.
+    UIViewController* rootViewController() const { return root_.get(); }
+    void setRootViewController(std::shared_ptr<UIViewController> controller);
+    /// Tells the root screen that it appears.
+    void makeKeyAndVisible();
+
     // MARK: focus
 
     /// What the keyboard writes to, or null.
@@ -84,6 +96,7 @@ private:
     // The touched view and all above it: any of them may be removed by what the touch does.
     std::vector<std::shared_ptr<UIView>> path_;
     std::shared_ptr<UITextInput> firstResponder_;
+    std::shared_ptr<UIViewController> root_;
 };
 
 }  // namespace gexlo

@@ -392,12 +392,10 @@ void GXCellView::buttonTouchUp() {
     const CGPoint center = frame().center();
     NSNotificationCenter::defaultCenter().postNotificationName(
         GX_NOTI_LESSON_INFO_OPEN,
-        {{user_info::kLessonData, lesson_},
-         {user_info::kClasstime, dayNPeriod_},
-         {user_info::kPositionX, static_cast<int>(center.x)},
-         {user_info::kPositionY, static_cast<int>(center.y)},
-         {user_info::kWeekNo, slot_.week},
-         {user_info::kLessonCell, std::static_pointer_cast<GXCellView>(shared_from_this())}});
+        {user_info::kLessonData(lesson_), user_info::kClasstime(dayNPeriod_),
+         user_info::kPositionX(static_cast<int>(center.x)),
+         user_info::kPositionY(static_cast<int>(center.y)), user_info::kWeekNo(slot_.week),
+         user_info::kLessonCell(std::static_pointer_cast<GXCellView>(shared_from_this()))});
 }
 
 void GXCellView::select() {

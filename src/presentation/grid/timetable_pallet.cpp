@@ -37,8 +37,9 @@ GXTimetablePallet::GXTimetablePallet() {
 
 void GXTimetablePallet::buildViews() {
     const ScreenFacts& screen = GXUIManager::manager().screen();
-    view_ = named<UIView>("timetablePallet", CGRect{0, screen.statusBarHeight + 44.0,
-                                                    screen.screenWidth, screen.contentFullHeight});
+    view_ = named<UIView>("timetablePallet",
+                          CGRect{0, screen.statusBarHeight + ScreenFacts::kTopMenuHeight,
+                                 screen.screenWidth, screen.contentFullHeight});
     view_->setClipsToBounds(true);
     mainScrollView_ = named<PDScrollView>("mainScrollView");
     mainScrollView_->setPagingEnabled(true);
@@ -214,8 +215,8 @@ void GXTimetablePallet::setLessons(const GXTimetableData& timetable) {
     for (GXLessonData* lesson : timetable.lessons.allObjects()) {
         NSNotificationCenter::defaultCenter().postNotificationName(
             GX_NOTI_SET_LESSONS,
-            {{user_info::kLessonData, lesson},
-             {user_info::kClasstimes, sortedPlacements(lesson->times.allObjects())}});
+            {user_info::kLessonData(lesson),
+             user_info::kClasstimes(sortedPlacements(lesson->times.allObjects()))});
     }
 }
 
@@ -271,19 +272,18 @@ void GXTimetablePallet::bottomViewClosed() {
 }
 
 void GXTimetablePallet::classInfoViewOpened(const NSNotification& notification) {
-    const auto number = [&](const char* key) {
-        return std::any_cast<int>(notification.userInfo.find(key)->second);
-    };
+    const auto week = notification.value(user_info::kWeekNo);
+    const auto positionY = notification.value(user_info::kPositionY);
+    if (!week || !positionY) return;
     bottomViewOpened();
     UIScrollView& scroll = grid_.daysOnLeft ? *mainScrollView_ : *subScrollView_;
-    const double y = offsetForBlock(grid_, GXUIManager::manager().contentSmallHeight(),
-                                    number(user_info::kWeekNo), number(user_info::kPositionY));
+    const double y =
+        offsetForBlock(grid_, GXUIManager::manager().contentSmallHeight(), *week, *positionY);
     scroll.setContentOffset_animated({scroll.contentOffset().x, y}, true);
 }
 
 void GXTimetablePallet::classInfoViewClosed(const NSNotification& notification) {
-    const auto closed = notification.userInfo.find(user_info::kBottomViewClosed);
-    if (closed != notification.userInfo.end() && std::any_cast<bool>(closed->second)) {
+    if (notification.value(user_info::kBottomViewClosed).value_or(false)) {
         bottomViewClosed();
     } else {
         bottomViewOpened();

@@ -15,13 +15,13 @@ NSInteger segmentTag(int day, NSInteger period) {
     return period + 100 * NSInteger{day};
 }
 
+/// Null where the notification carries none.
 GXLessonData* lessonOf(const NSNotification& notification) {
-    return std::any_cast<GXLessonData*>(notification.userInfo.find(user_info::kLessonData)->second);
+    return notification.value(user_info::kLessonData).value_or(nullptr);
 }
 
-const Placements& classtimesOf(const NSNotification& notification) {
-    return **std::any_cast<SharedPlacements>(
-        &notification.userInfo.find(user_info::kClasstimes)->second);
+SharedPlacements classtimesOf(const NSNotification& notification) {
+    return notification.value(user_info::kClasstimes).value_or(nullptr);
 }
 
 std::shared_ptr<UIView> layer(const char* identifier) {
@@ -57,18 +57,22 @@ void GXTimetableView::observe() {
     };
     const auto withLesson = [&](void (GXCellView::*handler)(const GXLessonData&)) {
         return everyCell([handler](GXCellView& cell, const NSNotification& notification) {
-            (cell.*handler)(*lessonOf(notification));
+            if (const auto* lesson = lessonOf(notification)) (cell.*handler)(*lesson);
         });
     };
     const auto withPlacements = [&](void (GXCellView::*handler)(GXLessonData&, const Placements&)) {
         return everyCell([handler](GXCellView& cell, const NSNotification& notification) {
-            (cell.*handler)(*lessonOf(notification), classtimesOf(notification));
+            auto* lesson = lessonOf(notification);
+            const auto classtimes = classtimesOf(notification);
+            if (lesson && classtimes) (cell.*handler)(*lesson, *classtimes);
         });
     };
     const std::pair<const char*, Handler> handlers[] = {
         {GX_NOTI_SET_LESSONS,
          [this](const NSNotification& notification) {
-             setLessons(*lessonOf(notification), classtimesOf(notification));
+             auto* lesson = lessonOf(notification);
+             const auto classtimes = classtimesOf(notification);
+             if (lesson && classtimes) setLessons(*lesson, *classtimes);
          }},
         {GX_NOTI_BEGIN_ADD_LESSON, forEveryCell(&GXCellView::beginAddMode)},
         {GX_NOTI_CANCEL_ADD_LESSON, forEveryCell(&GXCellView::cancelAddMode)},

@@ -207,8 +207,8 @@ void GXAddLessonView::saveEditedLesson() {
 
 void GXAddLessonView::finish(const char* notification, GXLessonData& lesson) {
     NSNotificationCenter::defaultCenter().postNotificationName(
-        notification, {{user_info::kLessonData, &lesson},
-                       {user_info::kClasstimes, sortedPlacements(lesson.times.allObjects())}});
+        notification, {user_info::kLessonData(&lesson),
+                       user_info::kClasstimes(sortedPlacements(lesson.times.allObjects()))});
     clearView();
     leaveMode();
     manager().lockMenu(false);

@@ -107,7 +107,10 @@ void GXBottomMenu::iconJustWhite() {
 }
 
 void GXBottomMenu::manage() {
-    // The list of timetables that it opens, and locks itself for, is not there yet.
+    GXUIManager& manager = GXUIManager::manager();
+    if (!manager.flow<TimetableFlow>()) return;
+    setIsLocked(true);
+    manager.openTimetableList();
 }
 
 void GXBottomMenu::add() {

@@ -4,7 +4,6 @@
 
 #include "platform/foundation/bundle.h"
 #include "platform/foundation/string_format.h"
-#include "presentation/notifications.h"
 #include "presentation/style/color_manager.h"
 #include "presentation/style/theme_manager.h"
 
@@ -51,7 +50,7 @@ CGRect centred(CGSize size, CGSize screen) {
 }  // namespace
 
 GXColorSelector::GXColorSelector(CGRect frame, GXColorSelectorDelegate& delegate)
-    : FadingPanel(frame),
+    : Panel(frame),
       delegate_(delegate),
       swatchHeight_(swatchHeightFor(frame.height)),
       panel_(add<UIView>(centred(panelSize(swatchHeight_), frame.size()))) {
@@ -65,8 +64,6 @@ GXColorSelector::GXColorSelector(CGRect frame, GXColorSelectorDelegate& delegate
     addSubjectColors(y);
     addFontColors(y);
     addAnswers(y);
-    closeAll_ = NSNotificationCenter::defaultCenter().addObserver(
-        GX_NOTI_CLOSE_ALL_SUBVIEWS, [this](const auto&) { closeView(); });
 }
 
 GXColorSelector::Swatch GXColorSelector::addSwatch(const std::string& identifier, CGRect frame,

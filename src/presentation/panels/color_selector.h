@@ -3,10 +3,9 @@
 
 #include <vector>
 
-#include "platform/foundation/notification_center.h"
 #include "platform/views/button.h"
 #include "platform/views/label.h"
-#include "presentation/panels/fading_panel.h"
+#include "presentation/panels/panel_stack.h"
 
 namespace gexlo {
 
@@ -18,7 +17,7 @@ public:
     virtual void colorSelected_andFontColor(NSInteger color, NSInteger fontColor) = 0;
 };
 
-class GXColorSelector final : public FadingPanel {
+class GXColorSelector final : public Panel {
 public:
     GXColorSelector(CGRect frame, GXColorSelectorDelegate& delegate);
     const char* className() const override { return "GXColorSelector"; }
@@ -27,6 +26,7 @@ public:
     void showWithColorIndex_andFontColorIndex(NSInteger color, NSInteger fontColor);
     /// Fades out and leaves.
     void closeView();
+    void close() override { closeView(); }
 
     /// What lies under the picker feels nothing.
     void touchesBegan(CGPoint) override {}
@@ -49,14 +49,13 @@ private:
     void selectFontColor(NSInteger tag);
     void done();
 
-    GXColorSelectorDelegate& delegate_;  // the main screen, on which this lies
+    GXColorSelectorDelegate& delegate_;  // the main screen's, on which this lies
     double swatchHeight_;
     UIView& panel_;
     std::vector<Swatch> colors_;
     std::vector<Swatch> fontColors_;
     NSInteger colorIndex_ = -1;
     NSInteger fontColorIndex_ = -1;
-    NotificationToken closeAll_;
 };
 
 }  // namespace gexlo

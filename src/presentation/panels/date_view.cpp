@@ -9,6 +9,7 @@
 #include "platform/foundation/string_format.h"
 #include "presentation/notifications.h"
 #include "presentation/style/theme_manager.h"
+#include "presentation/ui_manager.h"
 #include "store/app_local.h"
 #include "store/data_manager.h"
 
@@ -93,8 +94,7 @@ void GXDateView::observe() {
         tokens_.push_back(center.addObserver(name, [this](const auto&) { openDateView(); }));
     }
     tokens_.push_back(center.addObserver(GX_NOTI_LESSON_INFO_OPEN, [this](const auto& note) {
-        openAbsenceView(
-            std::any_cast<GXLessonData*>(note.userInfo.find(user_info::kLessonData)->second));
+        if (const auto lesson = note.value(user_info::kLessonData)) openAbsenceView(*lesson);
     }));
     tokens_.push_back(
         center.addObserver(kSignificantTimeChangeNotification, [this](const auto&) { setDate(); }));
@@ -131,8 +131,7 @@ void GXDateView::openAbsenceView(GXLessonData* lesson) {
 }
 
 void GXDateView::absenceButtonAction() {
-    // The counter that it opens for the subject is not there yet.
-    if (isLocked_) return;
+    if (!isLocked_) GXUIManager::manager().openAbsenceCountView(lesson_);
 }
 
 void GXDateView::show() {

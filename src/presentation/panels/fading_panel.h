@@ -9,6 +9,8 @@ class FadingPanel : public UIView {
 public:
     explicit FadingPanel(CGRect frame) : UIView(frame) { setAlpha(0); }
 
+    bool isLeaving() const { return leaving_; }
+
 protected:
     /// Seconds; `along` changes in the same animation.
     void fadeIn(double duration, const std::function<void()>& along = {}) {
@@ -27,7 +29,6 @@ protected:
             duration, [&] { setAlpha(0); },
             [self = shared_from_this()] { self->removeFromSuperview(); });
     }
-    bool isLeaving() const { return leaving_; }
 
 private:
     bool leaving_ = false;

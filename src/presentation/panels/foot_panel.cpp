@@ -50,7 +50,7 @@ void FootPanel::slideIn() {
     NSNotificationCenter& center = NSNotificationCenter::defaultCenter();
     keyboard_.clear();
     keyboard_.push_back(center.addObserver(kKeyboardWillShowNotification, [this](const auto& note) {
-        keyboardWillShow(std::any_cast<double>(note.userInfo.find("height")->second));
+        if (const auto height = note.value(kKeyboardHeight)) keyboardWillShow(*height);
     }));
     keyboard_.push_back(center.addObserver(kKeyboardWillHideNotification,
                                            [this](const auto&) { keyboardWillHide(); }));

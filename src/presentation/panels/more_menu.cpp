@@ -4,8 +4,9 @@
 #include "platform/services/mail_composer.h"
 #include "platform/views/alert.h"
 #include "platform/views/image_view.h"
+#include "presentation/flows/schedule_flow.h"
+#include "presentation/flows/timetable_flow.h"
 #include "presentation/main_screen.h"
-#include "presentation/notifications.h"
 #include "presentation/panels/share_sheet.h"
 #include "presentation/style/theme_manager.h"
 #include "presentation/ui_manager.h"
@@ -34,7 +35,7 @@ CGRect panelRect(CGSize screen, double footHeight) {
 }  // namespace
 
 GXMoreMenu::GXMoreMenu(CGRect frame)
-    : FadingPanel(frame),
+    : Panel(frame),
       panel_(add<UIView>(panelRect(frame.size(), GXUIManager::manager().bottomViewHeight()))) {
     const GXThemeManager& theme = GXThemeManager::manager();
     setAccessibilityIdentifier("GXMoreMenu");
@@ -43,25 +44,25 @@ GXMoreMenu::GXMoreMenu(CGRect frame)
     panel_.setBorder(theme.popUpViewBorderWidth, theme.popUpViewBorderColor);
     panel_.setCornerRadius(10);
     addItems();
-    closeAll_ = NSNotificationCenter::defaultCenter().addObserver(GX_NOTI_CLOSE_ALL_SUBVIEWS,
-                                                                  [this](const auto&) { close(); });
 }
 
 void GXMoreMenu::addItems() {
     const GXThemeManager& theme = GXThemeManager::manager();
-    // Lists and settings are not there yet: their buttons stand in place.
     const struct {
         const char* identifier;
         const char* image;
         const char* textKey;
         void (GXMoreMenu::*action)();
     } items[] = {
-        {"btnHomework", "theme_basic_more_homework", "MORE_HOMEWORK", &GXMoreMenu::nothingYet},
-        {"btnExam", "theme_basic_more_exam", "MORE_EXAM", &GXMoreMenu::nothingYet},
+        {"btnHomework", "theme_basic_more_homework", "MORE_HOMEWORK",
+         &GXMoreMenu::openInstead<&ScheduleFlow::openAssignListView>},
+        {"btnExam", "theme_basic_more_exam", "MORE_EXAM",
+         &GXMoreMenu::openInstead<&ScheduleFlow::openExamListView>},
         {"btnAlarm", "theme_basic_more_alarm", "MORE_ALARM", &GXMoreMenu::alarmAction},
         {"btnShare", "theme_basic_more_share", "MORE_SHARE", &GXMoreMenu::shareAction},
         {"btnExport", "theme_basic_more_export", "MORE_EXPORT", &GXMoreMenu::exportAction},
-        {"btnSettings", "theme_basic_more_settings", "MORE_SETTINGS", &GXMoreMenu::nothingYet},
+        {"btnSettings", "theme_basic_more_settings", "MORE_SETTINGS",
+         &GXMoreMenu::openInstead<&TimetableFlow::openSettingView>},
     };
     const double width = panel_.frame().width / kColumns;
     int place = 0;
@@ -99,6 +100,11 @@ void GXMoreMenu::open() {
 
 void GXMoreMenu::close() {
     fadeOutAndLeave(kCloseDuration);
+}
+
+template <auto operation>
+void GXMoreMenu::openInstead() {
+    if (GXUIManager::manager().ask(operation)) close();
 }
 
 void GXMoreMenu::unlockAndClose() {

@@ -1,14 +1,13 @@
 // The menu behind "more": lists, settings, sharing and export.
 #pragma once
 
-#include "platform/foundation/notification_center.h"
 #include "platform/views/button.h"
 #include "platform/views/label.h"
-#include "presentation/panels/fading_panel.h"
+#include "presentation/panels/panel_stack.h"
 
 namespace gexlo {
 
-class GXMoreMenu final : public FadingPanel {
+class GXMoreMenu final : public Panel {
 public:
     explicit GXMoreMenu(CGRect frame);
     const char* className() const override { return "GXMoreMenu"; }
@@ -16,7 +15,7 @@ public:
     /// Fades in; once it is on the main screen.
     void open();
     /// Fades out and leaves.
-    void close();
+    void close() override;
 
 private:
     void addItems();
@@ -24,11 +23,12 @@ private:
     void alarmAction();
     void shareAction();
     void exportAction();
-    void nothingYet() {}
+    /// Opens what the operation does, in place of the menu.
+    template <auto operation>
+    void openInstead();
     void unlockAndClose();
 
     UIView& panel_;
-    NotificationToken closeAll_;
 };
 
 }  // namespace gexlo

@@ -4,7 +4,7 @@
 
 #include "platform/foundation/bundle.h"
 #include "platform/views/alert.h"
-#include "presentation/main_screen.h"
+#include "presentation/flows/share_flow.h"
 #include "presentation/ui_manager.h"
 
 namespace gexlo {
@@ -13,12 +13,12 @@ namespace {
 
 struct Way {
     const char* textKey;
-    void (MainScreen::*send)();
+    void (ShareFlow::*send)();
 };
-constexpr Way kMail{"SHARE_EMAIL", &MainScreen::sendEmail};
-constexpr Way kTwitter{"SHARE_TWITTER", &MainScreen::sendTwitter};
-constexpr Way kFacebook{"SHARE_FACEBOOK", &MainScreen::sendFacebook};
-constexpr Way kAlbum{"SHARE_SAVE_TO_ALBUM", &MainScreen::saveAlbum};
+constexpr Way kMail{"SHARE_EMAIL", &ShareFlow::sendEmail};
+constexpr Way kTwitter{"SHARE_TWITTER", &ShareFlow::sendTwitter};
+constexpr Way kFacebook{"SHARE_FACEBOOK", &ShareFlow::sendFacebook};
+constexpr Way kAlbum{"SHARE_SAVE_TO_ALBUM", &ShareFlow::saveAlbum};
 
 }  // namespace
 
@@ -32,8 +32,7 @@ void showShareSheet(UIView& menu, bool facebookEnabled) {
         sheet.buttons.push_back({NSLocalizedString(way.textKey)});
     sheet.buttons.push_back({NSLocalizedString("CANCEL_BUTTON"), UIAlert::Button::Style::cancel});
     sheet.dismissed = [ways](std::size_t button, const auto&) {
-        MainScreen* screen = GXUIManager::manager().mainView();
-        if (screen && button < ways.size()) (screen->*ways[button].send)();
+        if (button < ways.size()) GXUIManager::manager().ask(ways[button].send);
     };
     std::move(sheet).showFor(menu);
 }

@@ -132,14 +132,14 @@ void SubjectListTableView::didSelectRow(UITableView&, NSIndexPath path) {
 
 // MARK: the panel
 
-SubjectListView::SubjectListView() : FadingPanel(UIScreen::mainScreen().bounds()) {
+SubjectListView::SubjectListView() : Panel(UIScreen::mainScreen().bounds()) {
     const GXThemeManager& theme = GXThemeManager::manager();
     const ScreenFacts& screen = GXUIManager::manager().screen();
     setAccessibilityIdentifier("SubjectListView");
     setBackgroundColor(UIColor::colorWithWhite(0, 0.4F));
 
     const double side = screen.scheduleBaseViewLeftMargin;
-    const double top = screen.statusBarHeight + 44.0 + 12;
+    const double top = screen.statusBarHeight + ScreenFacts::kTopMenuHeight + 12;
     const double width = screen.screenWidth - 2 * side;
     const double height = screen.screenHeight - top - screen.bottomViewHeight - 12;
     panel_ = std::make_shared<UIView>(CGRect{side, top, width, height});
@@ -195,8 +195,6 @@ SubjectListView::SubjectListView() : FadingPanel(UIScreen::mainScreen().bounds()
     }
     table_->setAccessibilityIdentifier(table_->className());
     setListMode();
-    closeAll_ = NSNotificationCenter::defaultCenter().addObserver(GX_NOTI_CLOSE_ALL_SUBVIEWS,
-                                                                  [this](const auto&) { close(); });
 }
 
 void SubjectListView::show() {
@@ -278,7 +276,7 @@ void SubjectListView::remove(GXLessonData& lesson) {
     if (lesson.isDeleted() || !timetable) return;
     // The grid hears of it while the subject still exists.
     NSNotificationCenter::defaultCenter().postNotificationName(GX_NOTI_REMOVE_LESSON,
-                                                               {{user_info::kLessonData, &lesson}});
+                                                               {user_info::kLessonData(&lesson)});
     manager.removeLesson_inTimetable(lesson, *timetable);
     table_->drop(lesson);
     manager.dataUpdateNoUp();

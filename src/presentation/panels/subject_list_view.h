@@ -4,12 +4,11 @@
 #include <memory>
 #include <vector>
 
-#include "platform/foundation/notification_center.h"
 #include "platform/views/button.h"
 #include "platform/views/image_view.h"
 #include "platform/views/label.h"
 #include "platform/views/table_view.h"
-#include "presentation/panels/fading_panel.h"
+#include "presentation/panels/panel_stack.h"
 
 namespace gexlo {
 
@@ -68,7 +67,7 @@ private:
     bool locked_ = false;
 };
 
-class SubjectListView final : public FadingPanel, public SubjectListTableViewDelegate {
+class SubjectListView final : public Panel, public SubjectListTableViewDelegate {
 public:
     SubjectListView();
     const char* className() const override { return "SubjectListView"; }
@@ -76,7 +75,7 @@ public:
     /// Fades in; once it is on the main screen.
     void show();
     /// Unlocks the menu at once, and leaves when it has faded out.
-    void close();
+    void close() override;
 
     void lessonSelected(GXLessonData& lesson) override;
     void lessonToBeRemoved(GXLessonData& lesson) override;
@@ -98,7 +97,6 @@ private:
     std::shared_ptr<UIButton> doneButton_;
     std::shared_ptr<SubjectListTableView> table_;
     bool locked_ = false;
-    NotificationToken closeAll_;
 };
 
 }  // namespace gexlo

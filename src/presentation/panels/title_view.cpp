@@ -2,7 +2,7 @@
 
 #include "platform/foundation/bundle.h"
 #include "platform/foundation/utf8.h"
-#include "presentation/main_screen.h"
+#include "presentation/flows/schedule_flow.h"
 #include "presentation/notifications.h"
 #include "presentation/panels/date_view.h"
 #include "presentation/style/theme_manager.h"
@@ -20,12 +20,12 @@ constexpr std::size_t kShortTitle = 9;              // characters from which a t
 struct NoteButton {
     const char* identifier;
     const char* textKey;
-    void (MainScreen::*action)();
+    void (ScheduleFlow::*action)();
 };
 constexpr NoteButton kNoteButtons[] = {
-    {"btnMemo", "MEMO_TITLE", &MainScreen::titleViewMemoAction},
-    {"btnHomework", "HOMEWORK_TITLE", &MainScreen::titleViewHomeworkAction},
-    {"btnExam", "EXAM_TITLE", &MainScreen::titleViewExamAction},
+    {"btnMemo", "MEMO_TITLE", &ScheduleFlow::titleViewMemoAction},
+    {"btnHomework", "HOMEWORK_TITLE", &ScheduleFlow::titleViewHomeworkAction},
+    {"btnExam", "EXAM_TITLE", &ScheduleFlow::titleViewExamAction},
 };
 
 float sizeFor(const std::string& title) {
@@ -72,8 +72,7 @@ void GXTitleView::addNoteButtons() {
             addFaceButton(entry.identifier, {static_cast<double>(i) * width, 0, width, kHeight});
         button.setTitle(NSLocalizedString(entry.textKey));
         button.addAction(UIControlEvent::touchUpInside, [this, action = entry.action] {
-            MainScreen* screen = GXUIManager::manager().mainView();
-            if (screen && !scheduleLock_) (screen->*action)();
+            if (!scheduleLock_) GXUIManager::manager().ask(action);
         });
         noteButtons_[i] = &button;
     }

@@ -9,12 +9,13 @@
 #include "platform/foundation/notification_center.h"
 #include "platform/views/button.h"
 #include "platform/views/label.h"
+#include "presentation/screen_facts.h"
 
 namespace gexlo {
 
 class GXTitleView final : public UIView {
 public:
-    static constexpr double kHeight = 44;
+    static constexpr double kHeight = ScreenFacts::kTopMenuHeight;
     static constexpr double kDuration = 0.35;
 
     GXTitleView(double width, double topSpace);

@@ -22,12 +22,11 @@ TopMenu::TopMenu(double width, double topSpace)
     : UIView({0, topSpace, width, kHeight}),
       dateView_(add<GXDateView>(CGRect{0, 0, GXDateView::kWidth, kHeight})),
       titleLabel_(add<UILabel>()),
-      // Its panel, and the community's, are not there yet.
       btnTimetableList_(addMenuButton("btnTimetableList", "top_menu_timetable_list",
                                       "TOPMENU_TIMETABLE_LIST", kListButtonWidth,
-                                      &TopMenu::nothingYet)),
+                                      &TopMenu::timetableListAction)),
       btnTessaly_(addMenuButton("btnTessaly", "top_menu_community", "TOPMENU_COMMUNITY",
-                                tessalyWidth_, &TopMenu::nothingYet)),
+                                tessalyWidth_, &TopMenu::tessalyAction)),
       btnAddSubject_(addMenuButton("btnAddSubject", "top_menu_add_subject", "BOTTOM_MENU_ADD",
                                    addSubjectWidth_, &TopMenu::addSubjectAction)),
       btnSubjectList_(addMenuButton("btnSubjectList", "top_menu_subject_list", "BOTTOM_MENU_EDIT",
@@ -91,6 +90,14 @@ void TopMenu::setThemes() {
 
 void TopMenu::setTimetableName(std::string_view name) {
     titleLabel_.setText(name);
+}
+
+void TopMenu::timetableListAction() {
+    GXUIManager::manager().openTimetableList();
+}
+
+void TopMenu::tessalyAction() {
+    GXUIManager::manager().openTessaly();
 }
 
 void TopMenu::addSubjectAction() {

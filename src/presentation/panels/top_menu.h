@@ -6,12 +6,13 @@
 #include "platform/views/button.h"
 #include "platform/views/label.h"
 #include "presentation/panels/date_view.h"
+#include "presentation/screen_facts.h"
 
 namespace gexlo {
 
 class TopMenu final : public UIView {
 public:
-    static constexpr double kHeight = 44;
+    static constexpr double kHeight = ScreenFacts::kTopMenuHeight;
 
     TopMenu(double width, double topSpace);
     const char* className() const override { return "TopMenu"; }
@@ -32,10 +33,11 @@ public:
 private:
     UIButton& addMenuButton(const char* identifier, const char* image, const char* spokenKey,
                             double width, void (TopMenu::*action)());
+    void timetableListAction();
+    void tessalyAction();
     void addSubjectAction();
     void subjectListAction();
     void moreAction();
-    void nothingYet() {}
     void layOut();
 
     // Three actions stand on the bottom menu, so their buttons are hidden and take no room.
