@@ -133,11 +133,28 @@ void drawActivityIndicator(Canvas& canvas, const UIActivityIndicatorView& view,
         const CGPoint way{std::sin(angle) * kRadius, -std::cos(angle) * kRadius};
         canvas.line({center.x + way.x / 2, center.y + way.y / 2},
                     {center.x + way.x, center.y + way.y}, 2,
-                    kTrackColor.colorWithAlphaComponent(static_cast<float>(i + 1) / kSpokes));
+                    view.color().colorWithAlphaComponent(static_cast<float>(i + 1) / kSpokes));
     }
 }
 
-/// The marks of a table that is being edited.
+void drawAccessory(Canvas& canvas, UITableViewCellAccessory accessory, CGPoint center) {
+    static constexpr double kRing = 22;
+    static constexpr double kDot = 2.5;
+    const auto line = [&](CGPoint from, CGPoint to) {
+        canvas.line({center.x + from.x, center.y + from.y}, {center.x + to.x, center.y + to.y}, 2,
+                    kAccentColor);
+    };
+    if (accessory == UITableViewCellAccessory::checkmark) {
+        line({-7, 0}, {-2, 5});
+        line({-2, 5}, {7, -5});
+    } else {
+        canvas.border(disc(center, kRing), 1, kAccentColor, kRing / 2);
+        canvas.fill(disc({center.x, center.y - 5}, kDot), kAccentColor, kDot / 2);
+        line({0, -1.5}, {0, 6});
+    }
+}
+
+/// What stands beside the content of a row.
 void drawTableCell(Canvas& canvas, const UITableViewCell& cell, const CGRect& frame) {
     static constexpr double kDisc = 22;
     static constexpr CGSize kBar{12, 2};
@@ -147,6 +164,9 @@ void drawTableCell(Canvas& canvas, const UITableViewCell& cell, const CGRect& fr
         const CGPoint center = mark.offsetBy(frame.origin()).center();
         canvas.fill(disc(center, kDisc), kDeleteColor, kDisc / 2);
         canvas.fill(centered(kBar, {center.x, center.y, 0, 0}), UIColor::whiteColor());
+    }
+    if (const CGRect mark = cell.accessoryMark(); mark.width > 0) {
+        drawAccessory(canvas, cell.accessory(), mark.offsetBy(frame.origin()).center());
     }
     if (const CGRect mark = cell.reorderMark(); mark.width > 0) {
         const CGPoint center = mark.offsetBy(frame.origin()).center();

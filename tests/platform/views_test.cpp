@@ -1,10 +1,9 @@
-// The view tree: where touches go, what alerts hold back, fields, scrolling and tables.
+// The view tree: where touches go, what alerts hold back, fields and scrolling.
 #include <gtest/gtest.h>
 
 #include "platform/foundation/notification_center.h"
 #include "platform/views/button.h"
 #include "platform/views/scroll_view.h"
-#include "platform/views/table_view.h"
 #include "platform/views/text_input.h"
 #include "platform/views/window.h"
 #include "support/phone.h"
@@ -293,50 +292,6 @@ TEST_F(Views, an_offset_gives_way_to_limits_that_come_nearer_and_to_nothing_else
     scroll.setContentOffset({0, 900});
     scroll.setContentSize({30, 300});
     EXPECT_EQ(offset(), (CGPoint{0, 900}));
-}
-
-class Numbers final : public UITableViewDataSource, public UITableViewDelegate {
-public:
-    NSInteger numberOfRowsInSection(UITableView&, NSInteger) override {
-        return static_cast<NSInteger>(rows.size());
-    }
-    std::shared_ptr<UITableViewCell> cellForRow(UITableView&, NSIndexPath path) override {
-        ++made;
-        auto cell = std::make_shared<UITableViewCell>();
-        cell->contentView().add<UILabel>().setText(
-            std::to_string(rows[static_cast<std::size_t>(path.row)]));
-        return cell;
-    }
-    bool canEditRow(UITableView&, NSIndexPath) override { return true; }
-    void commitDelete(UITableView& table, NSIndexPath path) override {
-        rows.erase(rows.begin() + path.row);
-        table.deleteRow(path);
-    }
-    void didSelectRow(UITableView&, NSIndexPath path) override { selected = path.row; }
-
-    std::vector<int> rows = std::vector<int>(1000, 7);
-    int made = 0;
-    NSInteger selected = -1;
-};
-
-TEST_F(Views, a_table_makes_only_the_rows_in_sight) {
-    const auto numbers = std::make_shared<Numbers>();
-    UITableView& table = window.add<UITableView>(CGRect{0, 0, 300, 440});
-    table.setDataSource(numbers);
-    table.setDelegate(numbers);
-    table.reloadData();
-    EXPECT_EQ(numbers->made, 10);
-    table.dragTo({0, 1e9});
-    EXPECT_EQ(table.contentOffset().y, 1000 * 44.0 - 440);
-    EXPECT_EQ(numbers->made, 20);
-    window.touchDown({10, 430});
-    window.touchUp({10, 430});
-    EXPECT_EQ(numbers->selected, 999);
-    EXPECT_TRUE(table.requestDelete({0, 999}));
-    EXPECT_EQ(table.numberOfRowsInSection(0), 999);
-    EXPECT_EQ(table.contentOffset().y, 999 * 44.0 - 440);
-    EXPECT_FALSE(table.requestDelete({0, 999}));
-    EXPECT_FALSE(table.dragRow({0, 0}, {0, 1})) << "not while it is not edited";
 }
 
 /// Rows with a field each, and a table that is asked anew when one is left.
