@@ -11,8 +11,8 @@ set(GEXLO_HEADERS_tests ${GEXLO_HEADERS_driver} <gtest/gtest.h> <random> <sstrea
 set(GEXLO_HEADERS_window_tests ${GEXLO_HEADERS_tests} <QGuiApplication> <QImage>)
 # What those headers need to be found, beside what src/ needs.
 set(GEXLO_LIBRARIES_window gexlo_toolkit)
-set(GEXLO_LIBRARIES_tests GTest::gtest)
-set(GEXLO_LIBRARIES_window_tests GTest::gtest gexlo_toolkit)
+set(GEXLO_LIBRARIES_tests GTest::gtest gexlo_unoptimised)
+set(GEXLO_LIBRARIES_window_tests GTest::gtest gexlo_toolkit gexlo_unoptimised)
 
 # gexlo_precompile(target kind): the target's sources take the kind's headers precompiled, by a
 # library of their own that no other definitions reach.

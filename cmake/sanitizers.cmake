@@ -2,6 +2,7 @@ if(GEXLO_SANITIZE)
   add_compile_options(-fsanitize=${GEXLO_SANITIZE} -fno-omit-frame-pointer
                       -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${GEXLO_SANITIZE})
+  add_compile_definitions(_GLIBCXX_ASSERTIONS)
 endif()
 if(GEXLO_FUZZ)
   # Coverage of the code under test is what guides the fuzzers.

@@ -20,6 +20,7 @@
 #include "hosts/desktop/services/desktop_key_store.h"
 #include "hosts/desktop/services/opened_url.h"
 #include "hosts/desktop/window_screenshot.h"
+#include "hosts/drawing/qt_image_coder.h"
 #include "hosts/drawing/qt_text_measure.h"
 #include "hosts/headless/outbox.h"
 #include "platform/foundation/installation_lock.h"
@@ -84,6 +85,7 @@ int run(QGuiApplication& application, DesktopOptions options, bool visible) {
     if (!lock.isHeld()) return giveWay(lock, options);
     HostServices services;
     services.textMeasure = std::make_shared<QtTextMeasure>();
+    services.imageCoder = std::make_shared<QtImageCoder>(options.facts.resources / "images");
     const auto outbox = options.drives ? std::make_shared<Outbox>() : nullptr;
     if (outbox) {
         services.composers = outbox;
@@ -107,6 +109,7 @@ int run(QGuiApplication& application, DesktopOptions options, bool visible) {
     std::optional<DesktopSession> session;
     std::optional<ApplicationBar> bar;
     if (options.drives) {
+        if (device.clock().stands()) window.screen().showAtRest();
         input = std::make_unique<DriverInput>(driver, [&] { application.quit(); });
     } else {
         session.emplace(window, options.facts.root);

@@ -54,7 +54,10 @@ ViewMirror::Actions actions() {
 }  // namespace
 
 ScreenItem::ScreenItem(QQmlEngine& engine, ViewPainter& painter)
-    : painter_(painter), phone_(new QQuickItem(this)), scroller_(turn) {
+    : painter_(painter),
+      phone_(new QQuickItem(this)),
+      scroller_(turn),
+      ticks_([this] { synchronize(); }) {
     setAcceptedMouseButtons(Qt::LeftButton);
     setAcceptTouchEvents(true);
     mirror_ = std::make_unique<ViewMirror>(engine, *phone_, painter, actions());
@@ -90,6 +93,7 @@ void ScreenItem::synchronize() {
     mirror_->root().setEnabled(!isCovered);
     mirror_->synchronize(window);
     alert_->synchronize(window);
+    ticks_.setRunning(mirror_->isAnimating());
     if (!alert_->isUp() && alert_->hasFocus()) mirror_->root().forceActiveFocus();
 }
 
@@ -132,6 +136,7 @@ QPointF ScreenItem::onPhone(QPointF point) const {
 void ScreenItem::press(QPointF point, qint64 milliseconds) {
     Q_UNUSED(milliseconds)
     isDown_ = true;
+    hasMoved_ = false;
     pressed_ = point;
     turn([&] { surface().touchDown(cgPoint(point)); });
 }
@@ -140,10 +145,12 @@ void ScreenItem::move(QPointF point, qint64 milliseconds) {
     if (!isDown_) return;
     if (scroller_.isDragging()) return scroller_.moveTo(point, milliseconds);
     const QPointF distance = point - pressed_;
-    if (std::hypot(distance.x(), distance.y()) < kSlop) return;
+    const bool isNear = std::hypot(distance.x(), distance.y()) < kSlop;
+    if (isNear && !hasMoved_) return;
+    hasMoved_ = true;
     UIWindow& window = surface();
     UIView* touched = window.touched() ? window.touched() : window.hitTest(cgPoint(pressed_));
-    auto scroll = Scroller::scrollViewFor(touched, distance);
+    auto scroll = isNear ? nullptr : Scroller::scrollViewFor(touched, distance);
     if (!scroll) return turn([&] { window.touchMoved(cgPoint(point)); });
     turn([&] { window.touchCancel(); });
     click_.reset();

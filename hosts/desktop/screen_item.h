@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 
+#include "hosts/desktop/frame_ticks.h"
 #include "hosts/desktop/scroller.h"
 #include "hosts/desktop/view_mirror.h"
 #include "hosts/drawing/view_painter.h"
@@ -31,6 +32,8 @@ public:
     void synchronize();
     /// Whether anything still moves.
     bool isAnimating() const;
+    /// Shows every change at its end from now on, for a clock that does not run by itself.
+    void showAtRest() { mirror_->showAtRest(); }
 
     // As a finger does, in points of the phone's screen.
     void press(QPointF point, qint64 milliseconds);
@@ -66,6 +69,7 @@ private:
     std::unique_ptr<ViewMirror> mirror_;
     std::unique_ptr<AlertLayer> alert_;
     Scroller scroller_;
+    FrameTicks ticks_;
     /// What the mouse's last press was on, unless it became a drag.
     struct Click {
         qint64 milliseconds;
@@ -76,6 +80,7 @@ private:
     std::optional<Click> click_;
     QPointF pressed_;
     bool isDown_ = false;
+    bool hasMoved_ = false;  // further than a finger trembles, since it came down
     bool isCovered_ = false;
     bool isScheduled_ = false;
 };

@@ -23,8 +23,8 @@ bool canScrollUpright(const UIScrollView& view) {
 }
 
 /// The view gives way beyond its content, less and less.
-double followed(double wanted, double last) {
-    if (wanted < 0) return wanted * kBeyond;
+double followed(double wanted, double first, double last) {
+    if (wanted < first) return first + (wanted - first) * kBeyond;
     if (wanted > last) return last + (wanted - last) * kBeyond;
     return wanted;
 }
@@ -67,6 +67,7 @@ void Scroller::begin(std::shared_ptr<UIScrollView> view, QPointF point, qint64 m
     start_ = view_->contentOffset();
     startPoint_ = point;
     samples_ = {{point, milliseconds}};
+    turn_([this] { view_->willBeginDragging(); });
 }
 
 void Scroller::setOffset(CGPoint offset) {
@@ -80,9 +81,10 @@ void Scroller::moveTo(QPointF point, qint64 milliseconds) {
         samples_.pop_front();
     const QPointF distance = startPoint_ - point;
     CGPoint offset = start_;
+    const CGPoint first = view_->firstOffset();
     const CGPoint last = view_->lastOffset();
-    if (canScrollSideways(*view_)) offset.x = followed(start_.x + distance.x(), last.x);
-    if (canScrollUpright(*view_)) offset.y = followed(start_.y + distance.y(), last.y);
+    if (canScrollSideways(*view_)) offset.x = followed(start_.x + distance.x(), first.x, last.x);
+    if (canScrollUpright(*view_)) offset.y = followed(start_.y + distance.y(), first.y, last.y);
     setOffset(offset);
 }
 
@@ -95,7 +97,10 @@ QPointF Scroller::speed(qint64 now) const {
 }
 
 void Scroller::end(qint64 milliseconds) {
-    if (isDragging()) comeToRest(speed(milliseconds));
+    if (!isDragging()) return;
+    const QPointF fast = speed(milliseconds);
+    turn_([this] { view_->didEndDragging(); });
+    comeToRest(fast);
 }
 
 void Scroller::interrupt() {

@@ -59,13 +59,13 @@ ViewItem::ViewItem(QQuickItem* parent) : QQuickItem(parent) {
     setFlag(ItemHasContents);
 }
 
-void ViewItem::show(const UIView& view, ViewPainter& painter, double scale) {
+void ViewItem::show(const UIView& view, ViewPainter& painter, double scale, NSDate moment) {
     isPlain_ = isPlain(view);
     if (isPlain_) {
-        color_ = qtColor(view.backgroundColor());
+        color_ = qtColor(view.backgroundColorAt(moment));
         picture_ = {};
     } else {
-        picture_ = painter.paintAlone(view, scale);
+        picture_ = painter.paintAlone(view, scale, moment);
         pictureChanged_ = true;
     }
     update();

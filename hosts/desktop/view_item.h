@@ -27,8 +27,8 @@ public:
     /// What it stands for, where the keyboard reaches it.
     std::shared_ptr<UIView> view() const { return view_.lock(); }
     void setView(std::weak_ptr<UIView> view) { view_ = std::move(view); }
-    /// Takes over the looks of a view, painted at that many pixels a point.
-    void show(const UIView& view, ViewPainter& painter, double scale);
+    /// Takes over the looks of a view at a moment, painted at that many pixels a point.
+    void show(const UIView& view, ViewPainter& painter, double scale, NSDate moment);
     void hideLooks();
     /// What assistive technology hears of it; the role is one of `QAccessible::Role`.
     void setSpoken(int role, const QString& name, bool isOn);

@@ -1,9 +1,9 @@
 #include "hosts/desktop/view_mirror.h"
 
 #include <QAccessible>
-#include <QPropertyAnimation>
 #include <QQmlEngine>
 #include <cmath>
+#include <limits>
 
 #include "hosts/desktop/view_traits.h"
 #include "hosts/drawing/qt_values.h"
@@ -26,8 +26,11 @@ struct Reach {
 
 /// A view that is on the window, with the items of those upon it.
 struct ViewMirror::Node {
+    /// What it still has to do comes to its end, out of sight.
     ~Node() {
-        if (item) item->deleteLater();
+        if (!item) return;
+        item->setParentItem(nullptr);
+        item->deleteLater();
     }
 
     QPointer<QQuickItem> item;
@@ -68,34 +71,27 @@ QString spokenNameWithin(const UIView& view) {
     return own.isEmpty() && view.superview() ? spokenNameOf(*view.superview()) : own;
 }
 
-bool isDrawn(const UIView& view) {
-    return !view.isHidden() && (view.alpha() > 0 || view.animationDuration() > 0);
-}
-
-/// Everywhere as long as the view's place is being animated.
-CGRect rectOfReach(const UIView& view) {
-    static constexpr double kFar = 1e9;
-    if (!isDrawn(view)) return {};
-    if (view.animationDuration() > 0) return {-kFar, -kFar, 2 * kFar, 2 * kFar};
-    CGRect covered = view.frame();
+CGRect rectOfReach(const UIView& view, NSDate now) {
+    if (view.isHidden() || view.alphaAt(now) <= 0) return {};
+    const CGRect frame = view.frameAt(now);
+    CGRect covered = frame;
     if (view.clipsToBounds()) return covered;
-    const CGPoint offset = view.contentOffset();
+    const CGPoint offset = view.contentOffsetAt(now);
     for (const auto& child : view.subviews()) {
-        const CGRect part = rectOfReach(*child);
+        const CGRect part = rectOfReach(*child, now);
         if (part.width <= 0 || part.height <= 0) continue;
-        covered =
-            covered.united(part.offsetBy({view.frame().x - offset.x, view.frame().y - offset.y}));
+        covered = covered.united(part.offsetBy({frame.x - offset.x, frame.y - offset.y}));
     }
     return covered;
 }
 
-void measureReaches(const UIView& view, std::vector<Reach>& reaches) {
+void measureReaches(const UIView& view, std::vector<Reach>& reaches, NSDate now) {
     reaches.resize(view.subviews().size());
     for (std::size_t i = 0; i < reaches.size(); ++i) {
         const UIView& child = *view.subviews()[i];
-        const bool stays = !child.hasChanged() && !child.hasChangedBelow();
+        const bool stays = !child.hasChanged() && !child.hasChangedBelow() && !child.animations();
         if (stays && reaches[i].stays && reaches[i].view == &child) continue;
-        reaches[i] = {&child, rectOfReach(child), stays};
+        reaches[i] = {&child, rectOfReach(child, now), stays};
     }
 }
 
@@ -125,8 +121,10 @@ void ViewMirror::setScale(double scale) {
 }
 
 void ViewMirror::synchronize(UIView& root) {
+    static constexpr double kAfterAll = std::numeric_limits<double>::infinity();
+    now_ = showsAtRest_ ? NSDate::dateWithTimeIntervalSince1970(kAfterAll) : NSDate::date();
     showView(root, *root_, root.frame());
-    root.changesWereRead();
+    isAnimating_ = root.changesWereRead(now_);
     everythingChanged_ = false;
     // Others may have come over a field that has not changed itself.
     std::erase(texts_, nullptr);
@@ -197,41 +195,41 @@ std::unique_ptr<ViewMirror::Node> ViewMirror::newNode(UIView& view, QQuickItem& 
 
 void ViewMirror::showView(UIView& view, Node& node, const CGRect& sight) {
     const bool looksChanged = node.isNew || everythingChanged_ || view.hasChanged();
-    if (looksChanged) {
+    const ViewAnimations* moving = view.animations();
+    if (looksChanged || moving) {
+        const QSizeF former = node.item->size();
         place(view, node);
-        showLooks(view, node);
+        // What grows on its way is painted anew and not stretched.
+        const bool isRepainted = looksChanged || node.item->size() != former;
+        if (isRepainted || moving->backgroundColor) showLooks(view, node);
     }
     node.isNew = false;
-    const bool changed = looksChanged || view.hasChangedBelow();
+    const bool changed = looksChanged || moving || view.hasChangedBelow();
     if (changed || sight != node.sight) showChildren(view, node, sight, changed);
     node.sight = sight;
 }
 
 /// `sight` is what can be seen of the view's own coordinates; `changed` says whether the view or
-/// one below it did since the last pass.
+/// one below it did since the last pass, or is on its way.
 void ViewMirror::showChildren(UIView& view, Node& node, const CGRect& sight, bool changed) {
     for (auto& [child, childNode] : node.children)
         childNode->isSeen = false;
-    if (changed || !node.reachesStay) measureReaches(view, node.reaches);
+    if (changed || !node.reachesStay) measureReaches(view, node.reaches, now_);
     node.reachesStay = !changed;
-    CGRect seen = sight.offsetBy(view.contentOffset());
-    // While the content slides, also what passes by on the way.
-    if (node.content) seen = seen.united(sight.offsetBy({-node.content->x(), -node.content->y()}));
+    const CGRect seen = sight.offsetBy(view.contentOffsetAt(now_));
     QQuickItem* below = nullptr;
     bool isOrdered = !changed;
     for (std::size_t i = 0; i < node.reaches.size(); ++i) {
         const std::shared_ptr<UIView>& child = view.subviews()[i];
-        // While anything moves, what has an item may still be seen on its way out.
-        const bool stays = isAnimating() && isDrawn(*child) && node.children.contains(child.get());
-        if (!stays && !node.reaches[i].rect.intersects(seen)) continue;
+        if (!node.reaches[i].rect.intersects(seen)) continue;
         std::unique_ptr<Node>& childNode = node.children[child.get()];
         const bool isOther = !childNode || !childNode->item || childNode->view.lock() != child;
         if (isOther) childNode = newNode(*child, node.contentItem());
         childNode->isSeen = true;
         isOrdered = isOrdered && !isOther;
-        const CGRect& frame = child->frame();
+        const CGRect frame = child->frameAt(now_);
         CGRect within = seen.offsetBy({-frame.x, -frame.y});
-        if (child->clipsToBounds()) within = within.intersection(child->bounds());
+        if (child->clipsToBounds()) within = within.intersection({0, 0, frame.width, frame.height});
         showView(*child, *childNode, within);
         if (changed || isOther) speakFor(*child, *childNode);
         if (below && !isOrdered) childNode->item->stackAfter(below);
@@ -240,47 +238,21 @@ void ViewMirror::showChildren(UIView& view, Node& node, const CGRect& sight, boo
     std::erase_if(node.children, [](const auto& entry) { return !entry.second->isSeen; });
 }
 
-void ViewMirror::animate(QQuickItem& item, const char* property, double target, double seconds) {
-    // A move under way gives way to the new one, from where it has come to.
-    if (isAnimating()) {
-        for (auto* running : item.findChildren<QPropertyAnimation*>(Qt::FindDirectChildrenOnly)) {
-            if (running->propertyName() == property) delete running;
-        }
-    }
-    if (item.property(property).toDouble() == target) return;
-    if (seconds <= 0) {
-        item.setProperty(property, target);
-        return;
-    }
-    auto* animation = new QPropertyAnimation(&item, property, &item);
-    animation->setDuration(static_cast<int>(seconds * 1000));
-    animation->setEndValue(target);
-    animation->setEasingCurve(QEasingCurve::InOutQuad);
-    ++running_;
-    QObject::connect(animation, &QObject::destroyed, &counter_, [this] { --running_; });
-    animation->start(QAbstractAnimation::DeleteWhenStopped);
-}
-
-void ViewMirror::place(UIView& view, Node& node) {
-    const CGRect& frame = view.frame();
-    const double seconds = node.isNew ? 0 : view.animationDuration();
+void ViewMirror::place(const UIView& view, Node& node) {
+    const CGRect frame = view.frameAt(now_);
     QQuickItem& item = *node.item;
-    animate(item, "x", frame.x, seconds);
-    animate(item, "y", frame.y, seconds);
-    animate(item, "width", frame.width, seconds);
-    animate(item, "height", frame.height, seconds);
-    if (node.isNew && view.animationDuration() > 0 && view.alpha() > 0) item.setOpacity(0);
-    animate(item, "opacity", view.alpha(), view.animationDuration());
+    item.setPosition({frame.x, frame.y});
+    item.setSize({frame.width, frame.height});
+    item.setOpacity(view.alphaAt(now_));
     item.setClip(view.clipsToBounds());
     if (node.content) {
-        const CGPoint offset = view.contentOffset();
-        animate(*node.content, "x", -offset.x, seconds);
-        animate(*node.content, "y", -offset.y, seconds);
+        const CGPoint offset = view.contentOffsetAt(now_);
+        node.content->setPosition({-offset.x, -offset.y});
     }
 }
 
 void ViewMirror::showLooks(UIView& view, Node& node) {
-    if (ViewItem* item = node.viewItem()) return item->show(view, painter_, scale_);
+    if (ViewItem* item = node.viewItem()) return item->show(view, painter_, scale_, now_);
     showText(static_cast<UITextInput&>(view), node);
     if (node.kind == ViewTraits::Item::textField) {
         node.item->setProperty("secure", static_cast<UITextField&>(view).isSecureTextEntry());
@@ -303,7 +275,7 @@ void ViewMirror::showText(UITextInput& input, Node& node) {
     item.setProperty("textColor", qtColor(input.textColor()));
     item.setProperty("spokenName", qtText(input.placeholder()));
     item.setProperty("placeholder", qtText(input.placeholder()));
-    item.setProperty("color", qtColor(input.backgroundColor()));
+    item.setProperty("color", qtColor(input.backgroundColorAt(now_)));
     item.setProperty("borderColor", qtColor(input.borderColor()));
     item.setProperty("borderWidth", std::ceil(input.borderWidth()));
     const QString text = qtText(input.text());

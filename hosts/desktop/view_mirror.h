@@ -13,7 +13,6 @@
 #include "hosts/drawing/view_painter.h"
 
 class QQmlEngine;
-class QVariantAnimation;
 
 namespace gexlo {
 
@@ -33,8 +32,10 @@ public:
 
     /// Pixels that a point of the screen takes; a change paints everything anew.
     void setScale(double scale);
-    /// Brings the items up to the tree, animating what the tree says is animated.
+    /// Brings the items up to what is seen of the tree now.
     void synchronize(UIView& root);
+    /// Shows every change at its end from now on.
+    void showAtRest() { showsAtRest_ = true; }
     /// Takes everything off the window.
     void clear();
     /// What all the items lie in, with a focus of its own; while it is disabled, nothing in it
@@ -44,8 +45,8 @@ public:
     void takeFocus();
     /// The view that an item with the focus stands for, or null.
     static std::shared_ptr<UIView> viewOf(const QQuickItem& item);
-    /// Whether something still moves towards its place.
-    bool isAnimating() const { return running_ > 0; }
+    /// Whether something is still on its way, so that another look at the tree is due.
+    bool isAnimating() const { return isAnimating_; }
 
 private:
     struct Node;
@@ -56,15 +57,15 @@ private:
     void showLooks(UIView& view, Node& node);
     void speakFor(const UIView& view, Node& node);
     void showText(UITextInput& input, Node& node);
-    void place(UIView& view, Node& node);
-    void animate(QQuickItem& item, const char* property, double target, double seconds);
+    void place(const UIView& view, Node& node);
 
     ViewPainter& painter_;
     Actions actions_;
     double scale_ = 1;
     bool everythingChanged_ = false;
-    int running_ = 0;
-    QObject counter_;  // hears of animations that end as long as this lives
+    bool showsAtRest_ = false;
+    bool isAnimating_ = false;
+    NSDate now_;  // of the pass under way
     QQmlComponent touchable_;
     QQmlComponent textField_;
     QQmlComponent textView_;

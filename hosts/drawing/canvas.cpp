@@ -87,15 +87,28 @@ QPainterPath Canvas::rounded(const QRectF& rect, double radius) const {
     return path;
 }
 
-QBrush Canvas::brush(const UIColor& color, QPoint origin) {
-    if (!color.patternImage) return qtColor(color);
-    const CGSize size = resources_.images().sizeOf(color.patternImage);
-    const QSize tile(std::max(1, pixelAt(size.width * scale_)),
-                     std::max(1, pixelAt(size.height * scale_)));
-    const QImage image = resources_.images().image(color.patternImage, tile);
-    if (image.isNull()) return {};
+QBrush Canvas::pattern(const UIImage& image, QPoint origin, const UIColor& tint) {
+    const CGSize size = sizeOf(image);
+    const QSize pixels(std::max(1, pixelAt(size.width * scale_)),
+                       std::max(1, pixelAt(size.height * scale_)));
+    const QImage tile = resources_.images().draw(image, pixels, tint);
+    if (tile.isNull()) return {};
     painter_.setBrushOrigin(origin);
-    return image;
+    QBrush brush(tile);
+    brush.setTransform(QTransform::fromScale(pixels.width() / static_cast<double>(tile.width()),
+                                             pixels.height() / static_cast<double>(tile.height())));
+    return brush;
+}
+
+QBrush Canvas::brush(const UIColor& color, QPoint origin) {
+    return color.patternImage ? pattern(UIImage::imageNamed(color.patternImage), origin)
+                              : qtColor(color);
+}
+
+void Canvas::fillPixels(const QRect& target, const QBrush& paint) {
+    const QRect seen = target & visible_;
+    for (int y = seen.top(); y <= seen.bottom(); y += kStrip)
+        painter_.fillRect(QRect(seen.x(), y, seen.width(), kStrip) & seen, paint);
 }
 
 void Canvas::fill(const CGRect& rect, const UIColor& color, double cornerRadius) {
@@ -105,9 +118,7 @@ void Canvas::fill(const CGRect& rect, const UIColor& color, double cornerRadius)
     if (cornerRadius > 0) {
         painter_.fillPath(rounded(target, cornerRadius), paint);
     } else {
-        const QRect seen = target & visible_;
-        for (int y = seen.top(); y <= seen.bottom(); y += kStrip)
-            painter_.fillRect(QRect(seen.x(), y, seen.width(), kStrip) & seen, paint);
+        fillPixels(target, paint);
     }
 }
 
@@ -137,32 +148,37 @@ void Canvas::line(CGPoint from, CGPoint to, double width, const UIColor& color) 
 }
 
 CGSize Canvas::sizeOf(const UIImage& image) {
-    return image.name.empty() ? image.size : resources_.images().sizeOf(image.name);
+    return resources_.images().sizeOf(image);
 }
 
 void Canvas::image(const UIImage& image, const CGRect& rect, const UIColor& tint) {
     if (image.isNone()) return;
-    if (image.name.empty()) return fill(rect, tint.alpha > 0 ? tint : image.fill);
+    if (image.isFilled()) return fill(rect, tint.alpha > 0 ? tint : image.fill());
     const QRect target = pixels(rect);
     if (!target.intersects(visible_)) return;
-    if (image.caps == CGSize{}) {
-        painter_.drawImage(target, resources_.images().image(image.name, target.size(), tint));
+    if (image.isTiled()) {
+        fillPixels(target, pattern(image, target.topLeft(), tint));
+    } else if (image.caps() == CGSize{}) {
+        painter_.drawImage(target, resources_.images().draw(image, target.size(), tint));
     } else {
         stretch(image, target, tint);
     }
 }
 
 void Canvas::stretch(const UIImage& image, const QRect& target, const UIColor& tint) {
-    const CGSize size = resources_.images().sizeOf(image.name);
+    const CGSize size = sizeOf(image);
     // An axis without caps is drawn at its length at once.
-    const QSize drawn(image.caps.width > 0 ? pixelAt(size.width * scale_) : target.width(),
-                      image.caps.height > 0 ? pixelAt(size.height * scale_) : target.height());
-    const QImage source = resources_.images().image(image.name, drawn, tint);
+    const CGSize caps = image.caps();
+    const QSize pixels(caps.width > 0 ? pixelAt(size.width * scale_) : target.width(),
+                       caps.height > 0 ? pixelAt(size.height * scale_) : target.height());
+    QImage source = resources_.images().draw(image, pixels, tint);
     if (source.isNull()) return;
-    const int capX = pixelAt(image.caps.width * scale_);
-    const int capY = pixelAt(image.caps.height * scale_);
-    const auto fromX = capped(0, drawn.width(), capX);
-    const auto fromY = capped(0, drawn.height(), capY);
+    if (source.size() != pixels)
+        source = source.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const int capX = pixelAt(caps.width * scale_);
+    const int capY = pixelAt(caps.height * scale_);
+    const auto fromX = capped(0, source.width(), capX);
+    const auto fromY = capped(0, source.height(), capY);
     const auto toX = capped(target.x(), target.width(), fromX[1]);
     const auto toY = capped(target.y(), target.height(), fromY[1]);
     for (std::size_t row = 0; row < 3; ++row) {

@@ -54,7 +54,7 @@ public:
     /// Within the rectangle, along its edges.
     void border(const CGRect& rect, double width, const UIColor& color, double cornerRadius);
     void line(CGPoint from, CGPoint to, double width, const UIColor& color);
-    /// Fills the rectangle, the image's caps keeping their size.
+    /// Fills the rectangle: the image's caps keep their size, and a tiled one is repeated.
     void image(const UIImage& image, const CGRect& rect, const UIColor& tint);
     CGSize sizeOf(const UIImage& image);
     /// For `text`; good until the next call.
@@ -81,6 +81,8 @@ private:
                const UIColor& color, TextPlacement placement);
     void stretch(const UIImage& image, const QRect& target, const UIColor& tint);
     QBrush brush(const UIColor& color, QPoint origin);
+    QBrush pattern(const UIImage& image, QPoint origin, const UIColor& tint = {});
+    void fillPixels(const QRect& target, const QBrush& paint);
 
     double scale_;
     DrawingResources& resources_;

@@ -23,25 +23,40 @@ QSvgRenderer* ImageStore::renderer(const std::string& name) {
     return renderer && renderer->isValid() ? renderer.get() : nullptr;
 }
 
-CGSize ImageStore::sizeOf(const std::string& name) {
-    const QSvgRenderer* found = renderer(name);
-    if (!found) return {};
+CGSize ImageStore::sizeOf(const UIImage& image) {
+    const QSvgRenderer* found = image.name().empty() ? nullptr : renderer(image.name());
+    if (image.bitmap().pixels || !found) return image.size();
     const QSize size = found->defaultSize();
     return {static_cast<double>(size.width()), static_cast<double>(size.height())};
 }
 
-QImage ImageStore::image(const std::string& name, QSize pixels, const UIColor& tint) {
+QImage ImageStore::drawResource(const std::string& name, QSize pixels) {
     QSvgRenderer* found = renderer(name);
     if (!found || pixels.isEmpty()) return {};
-    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
+    QImage drawn(pixels, QImage::Format_ARGB32_Premultiplied);
+    drawn.fill(Qt::transparent);
+    QPainter painter(&drawn);
     found->render(&painter, QRectF(QPointF(), pixels));
-    if (tint.alpha > 0) {
-        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-        painter.fillRect(image.rect(), qtColor(tint));
+    return drawn;
+}
+
+QImage ImageStore::draw(const UIImage& image, QSize pixels, const UIColor& tint) {
+    QImage drawn;
+    if (!image.bitmap().pixels) {
+        drawn = drawResource(image.name(), pixels);
+    } else {
+        drawn = qtImage(image.bitmap());
+        // Smaller by so much that the painter would leave pixels out.
+        const QSize size = drawn.size().boundedTo(pixels);
+        if (size != drawn.size())
+            drawn = drawn.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     }
-    return image;
+    if (tint.alpha > 0 && !drawn.isNull()) {
+        QPainter painter(&drawn);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        painter.fillRect(drawn.rect(), qtColor(tint));
+    }
+    return drawn;
 }
 
 }  // namespace gexlo

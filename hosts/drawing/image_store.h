@@ -1,4 +1,4 @@
-// The images of the resources, by name and at any size.
+// Images as they are drawn, those of the resources by their names.
 #pragma once
 
 #include <QImage>
@@ -8,8 +8,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/views/color.h"
-#include "platform/views/geometry.h"
+#include "platform/views/image.h"
 
 class QSvgRenderer;
 
@@ -22,13 +21,14 @@ public:
     ~ImageStore();
 
     /// In points; nothing for a name that has no image.
-    CGSize sizeOf(const std::string& name);
-    /// Drawn at that many pixels, in the tint unless it is clear; null for a name that has no
-    /// image.
-    QImage image(const std::string& name, QSize pixels, const UIColor& tint = {});
+    CGSize sizeOf(const UIImage& image);
+    /// At that many pixels, in the tint unless it is clear; null for a name that has no image.
+    /// One that has fewer pixels of its own comes as it is.
+    QImage draw(const UIImage& image, QSize pixels, const UIColor& tint = {});
 
 private:
     QSvgRenderer* renderer(const std::string& name);
+    QImage drawResource(const std::string& name, QSize pixels);
 
     std::filesystem::path directory_;
     std::map<std::string, std::unique_ptr<QSvgRenderer>, std::less<>> renderers_;

@@ -20,6 +20,8 @@ namespace {
 constexpr UIColor kPlaceholderColor = UIColor::colorWithWhite(0.78F);
 constexpr UIColor kTrackColor = UIColor::colorWithWhite(0.72F);
 constexpr UIColor kAccentColor = UIColor::colorWithRed_green_blue(0, 0.48F, 1);
+/// Seen on black as on white.
+constexpr UIColor kPressedColor = UIColor::colorWithWhite(0.4F, 0.35F);
 constexpr UIColor kDeleteColor = UIColor::colorWithRed_green_blue(1, 0.23F, 0.19F);
 
 CGRect centered(CGSize size, const CGRect& box) {
@@ -32,7 +34,7 @@ CGRect disc(CGPoint center, double diameter) {
 }
 
 void drawLabel(Canvas& canvas, const UILabel& label, const CGRect& frame) {
-    if (label.text().empty() || canvas.isOutside(frame)) return;
+    if (canvas.isOutside(frame)) return;
     const TextLayout& layout = canvas.layout(label.text(), label.font(),
                                              {.width = frame.width,
                                               .lines = label.numberOfLines(),
@@ -43,6 +45,11 @@ void drawLabel(Canvas& canvas, const UILabel& label, const CGRect& frame) {
 
 void drawImageView(Canvas& canvas, const UIImageView& view, const CGRect& frame) {
     canvas.image(view.image(), frame, view.tintColor());
+}
+
+/// A veil over what may be any colour, or nothing at all.
+void drawControl(Canvas& canvas, const UIControl& control, const CGRect& frame) {
+    if (control.isHighlighted()) canvas.fill(frame, kPressedColor, control.cornerRadius());
 }
 
 /// The image and the title, beside each other in the middle.
@@ -63,6 +70,7 @@ void drawButton(Canvas& canvas, const UIButton& button, const CGRect& frame) {
                  button.tintColor());
     canvas.text(title, {row.x + image.width, row.y, titleWidth, row.height}, NSTextAlignment::left,
                 button.titleColor());
+    drawControl(canvas, button, frame);
 }
 
 void drawTextField(Canvas& canvas, const UITextField& field, const CGRect& frame) {
@@ -125,11 +133,28 @@ void drawActivityIndicator(Canvas& canvas, const UIActivityIndicatorView& view,
         const CGPoint way{std::sin(angle) * kRadius, -std::cos(angle) * kRadius};
         canvas.line({center.x + way.x / 2, center.y + way.y / 2},
                     {center.x + way.x, center.y + way.y}, 2,
-                    kTrackColor.colorWithAlphaComponent(static_cast<float>(i + 1) / kSpokes));
+                    view.color().colorWithAlphaComponent(static_cast<float>(i + 1) / kSpokes));
     }
 }
 
-/// The marks of a table that is being edited.
+void drawAccessory(Canvas& canvas, UITableViewCellAccessory accessory, CGPoint center) {
+    static constexpr double kRing = 22;
+    static constexpr double kDot = 2.5;
+    const auto line = [&](CGPoint from, CGPoint to) {
+        canvas.line({center.x + from.x, center.y + from.y}, {center.x + to.x, center.y + to.y}, 2,
+                    kAccentColor);
+    };
+    if (accessory == UITableViewCellAccessory::checkmark) {
+        line({-7, 0}, {-2, 5});
+        line({-2, 5}, {7, -5});
+    } else {
+        canvas.border(disc(center, kRing), 1, kAccentColor, kRing / 2);
+        canvas.fill(disc({center.x, center.y - 5}, kDot), kAccentColor, kDot / 2);
+        line({0, -1.5}, {0, 6});
+    }
+}
+
+/// What stands beside the content of a row.
 void drawTableCell(Canvas& canvas, const UITableViewCell& cell, const CGRect& frame) {
     static constexpr double kDisc = 22;
     static constexpr CGSize kBar{12, 2};
@@ -139,6 +164,9 @@ void drawTableCell(Canvas& canvas, const UITableViewCell& cell, const CGRect& fr
         const CGPoint center = mark.offsetBy(frame.origin()).center();
         canvas.fill(disc(center, kDisc), kDeleteColor, kDisc / 2);
         canvas.fill(centered(kBar, {center.x, center.y, 0, 0}), UIColor::whiteColor());
+    }
+    if (const CGRect mark = cell.accessoryMark(); mark.width > 0) {
+        drawAccessory(canvas, cell.accessory(), mark.offsetBy(frame.origin()).center());
     }
     if (const CGRect mark = cell.reorderMark(); mark.width > 0) {
         const CGPoint center = mark.offsetBy(frame.origin()).center();
@@ -152,16 +180,26 @@ public:
     ViewContents contents() const { return contents_; }
 
     void visit(const UIView&) override {}
-    void visit(const UILabel&) override { use<UILabel, drawLabel>(); }
-    void visit(const UIImageView&) override { use<UIImageView, drawImageView>(); }
+    void visit(const UILabel& label) override {
+        if (!label.text().empty()) use<UILabel, drawLabel>();
+    }
+    void visit(const UIImageView& view) override {
+        if (!view.image().isNone()) use<UIImageView, drawImageView>();
+    }
     void visit(const UIActivityIndicatorView&) override {
         use<UIActivityIndicatorView, drawActivityIndicator>();
     }
     void visit(const UIScrollView&) override {}
     void visit(const UITableView&) override {}
     void visit(const UITableViewCell&) override { use<UITableViewCell, drawTableCell>(); }
-    void visit(const UIControl&) override {}
-    void visit(const UIButton&) override { use<UIButton, drawButton>(); }
+    void visit(const UIControl& control) override {
+        if (control.isHighlighted()) use<UIControl, drawControl>();
+    }
+    void visit(const UIButton& button) override {
+        const bool showsImage = !button.image().isNone() || !button.backgroundImage().isNone();
+        if (showsImage || !button.title().empty() || button.isHighlighted())
+            use<UIButton, drawButton>();
+    }
     void visit(const UISlider&) override { use<UISlider, drawSlider>(); }
     void visit(const UITextField&) override { use<UITextField, drawTextField>(); }
     void visit(const UITextView&) override { use<UITextView, drawTextView>(); }

@@ -1,10 +1,12 @@
 #include "hosts/drawing/view_painter.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "hosts/drawing/alert_view.h"
 #include "hosts/drawing/gui_application.h"
 #include "hosts/drawing/view_kinds.h"
+#include "platform/views/image_coder.h"
 #include "platform/views/window.h"
 
 namespace gexlo {
@@ -23,35 +25,54 @@ CGRect extent(const UIView& view, const CGRect& frame) {
     return covered;
 }
 
+/// What no picture has more of.
+constexpr double kMostPixels = ImageCoder::kMostPixels;
+
+QImage emptyImage(CGSize size, double scale) {
+    const double width = std::round(size.width * scale);
+    const double height = std::round(size.height * scale);
+    // Written so that what is no number is too much.
+    if (!(std::max(width, height) <= kMostPixels) || !(width * height <= kMostPixels)) return {};
+    QImage image(static_cast<int>(width), static_cast<int>(height),
+                 QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    return image;
+}
+
 }  // namespace
 
 ViewPainter::ViewPainter(std::filesystem::path images) : resources_(std::move(images)) {
     needGuiApplication();
 }
 
-QImage ViewPainter::emptyImage(const UIView& view, double scale) const {
-    const CGSize size = view.frame().size();
-    QImage image(static_cast<int>(std::lround(size.width * scale)),
-                 static_cast<int>(std::lround(size.height * scale)),
-                 QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    return image;
-}
-
 QImage ViewPainter::paint(const UIView& view, double scale) {
-    QImage image = emptyImage(view, scale);
+    const CGRect& frame = view.frame();
+    return paintAt(view, frame.size(), scale, {-frame.x, -frame.y});
+}
+
+QImage ViewPainter::paintContent(const UIView& view, CGSize size, double scale) {
+    const CGPoint offset = view.contentOffset();
+    return paintAt(view, size, scale, {offset.x - view.frame().x, offset.y - view.frame().y});
+}
+
+QImage ViewPainter::paintAt(const UIView& view, CGSize size, double scale, CGPoint origin) {
+    QImage image = emptyImage(size, scale);
     if (image.isNull()) return image;
     Canvas canvas(image, scale, resources_);
-    paintTree(canvas, view, {-view.frame().x, -view.frame().y});
+    paintTree(canvas, view, origin);
     return image;
 }
 
-QImage ViewPainter::paintAlone(const UIView& view, double scale) {
-    QImage image = emptyImage(view, scale);
+QImage ViewPainter::paintAlone(const UIView& view, double scale, NSDate moment) {
+    const CGSize size = view.frameAt(moment).size();
+    const double most = std::sqrt(kMostPixels / (size.width * size.height));
+    // A margin keeps the rounded size within the bounds.
+    if (scale > most) scale = most * 0.99;
+    QImage image = emptyImage(size, scale);
     if (image.isNull()) return image;
     Canvas canvas(image, scale, resources_);
-    const CGRect frame = view.bounds();
-    paintLooks(canvas, view, frame);
+    const CGRect frame{0, 0, size.width, size.height};
+    paintLooks(canvas, view, frame, view.backgroundColorAt(moment));
     canvas.border(frame, view.borderWidth(), view.borderColor(), view.cornerRadius());
     return image;
 }
@@ -73,8 +94,9 @@ void ViewPainter::paintTree(Canvas& canvas, const UIView& view, CGPoint origin) 
 }
 
 /// What lies below the views upon it.
-void ViewPainter::paintLooks(Canvas& canvas, const UIView& view, const CGRect& frame) {
-    canvas.fill(frame, view.backgroundColor(), view.cornerRadius());
+void ViewPainter::paintLooks(Canvas& canvas, const UIView& view, const CGRect& frame,
+                             const UIColor& background) {
+    canvas.fill(frame, background, view.cornerRadius());
     for (const Stroke& stroke : view.strokes()) {
         const auto placed = [&](CGPoint point) {
             return CGPoint{point.x + frame.x, point.y + frame.y};
@@ -85,7 +107,7 @@ void ViewPainter::paintLooks(Canvas& canvas, const UIView& view, const CGRect& f
 }
 
 void ViewPainter::paintOpaque(Canvas& canvas, const UIView& view, const CGRect& frame) {
-    paintLooks(canvas, view, frame);
+    paintLooks(canvas, view, frame, view.backgroundColor());
     if (view.clipsToBounds() && !view.subviews().empty()) {
         canvas.clipped(frame, view.cornerRadius(),
                        [&](Canvas& within) { paintSubviews(within, view, frame); });

@@ -43,10 +43,10 @@ void addText(json& result, const Texted& view, const std::string& text) {
 }
 
 void addImage(json& result, const UIImage& image, const char* field = "image") {
-    if (!image.name.empty()) {
-        result[field] = image.name;
-    } else if (!image.isNone()) {
-        result["color"] = jsonFromColor(image.fill);
+    if (!image.name().empty()) {
+        result[field] = image.name();
+    } else if (image.isFilled()) {
+        result["color"] = jsonFromColor(image.fill());
     }
 }
 

@@ -5,6 +5,7 @@
 #include <iostream>
 #include <string>
 
+#include "hosts/drawing/qt_image_coder.h"
 #include "hosts/drawing/qt_text_measure.h"
 #include "hosts/headless/driver.h"
 #include "hosts/headless/driver_options.h"
@@ -28,6 +29,7 @@ int main(int count, char** arguments) {
     }
     gexlo::HostServices services;
     services.textMeasure = std::make_shared<gexlo::QtTextMeasure>();
+    services.imageCoder = std::make_shared<gexlo::QtImageCoder>(options.facts.resources / "images");
     const auto outbox = std::make_shared<gexlo::Outbox>();
     services.composers = outbox;
     gexlo::Device device(options.facts, options.clock, services);

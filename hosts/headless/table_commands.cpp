@@ -18,18 +18,31 @@ void addTexts(const UIView& view, json& texts) {
         addTexts(*child, texts);
 }
 
+std::string headerText(UITableView& table, NSInteger section) {
+    json texts = json::array();
+    if (const auto header = table.headerForSection(section)) addTexts(*header, texts);
+    return texts.empty() ? "" : texts.front().get<std::string>();
+}
+
+/// A row's texts; with a mark, an object that tells it too.
+json jsonFromRow(UITableView& table, NSIndexPath path) {
+    json texts = json::array();
+    const auto cell = table.cellForRow(path);
+    if (cell) addTexts(*cell, texts);
+    if (!cell || cell->accessory() == UITableViewCellAccessory::none) return texts;
+    const bool isChecked = cell->accessory() == UITableViewCellAccessory::checkmark;
+    return {{"texts", std::move(texts)}, {isChecked ? "checked" : "accessory", true}};
+}
+
 json rows(const DriverContext& context, const json& fields) {
     ViewSearch search(context, fields);
     auto& table = search.theViewOf<UITableView>("is no table");
     json sections = json::array();
     for (NSInteger section = 0; section < table.numberOfSections(); ++section) {
         json list = json::array();
-        for (NSInteger row = 0; row < table.numberOfRowsInSection(section); ++row) {
-            json texts = json::array();
-            if (const auto cell = table.cellForRow({section, row})) addTexts(*cell, texts);
-            list.push_back(std::move(texts));
-        }
-        sections.push_back({{"header", table.titleForHeader(section)}, {"rows", std::move(list)}});
+        for (NSInteger row = 0; row < table.numberOfRowsInSection(section); ++row)
+            list.push_back(jsonFromRow(table, {section, row}));
+        sections.push_back({{"header", headerText(table, section)}, {"rows", std::move(list)}});
     }
     return {{"sections", std::move(sections)}};
 }
@@ -65,6 +78,25 @@ json selectRow(const DriverContext& context, const json& fields) {
                  [path](UITableView& table) { table.selectRow(path); });
 }
 
+json accessory(const DriverContext& context, const json& fields) {
+    const NSIndexPath path = pathOf(fields, "row");
+    const auto check = [path](UITableView& table) {
+        if (!table.canTapAccessory(path)) throw CommandError("that row has no such button");
+    };
+    return treat(context, fields, path, check,
+                 [path](UITableView& table) { table.tapAccessory(path); });
+}
+
+json pull(const DriverContext& context, const json& fields) {
+    ViewSearch search(context, fields);
+    auto& found = search.theViewOf<UITableView>("is no table");
+    if (!found.canPull()) throw CommandError("that table is not refreshed by a pull");
+    search.bringWithinReach();
+    auto& table = search.theViewOf<UITableView>("is no table");
+    context.device.perform([&] { table.pull(); });
+    return nothing();
+}
+
 json deleteRow(const DriverContext& context, const json& fields) {
     const NSIndexPath path = pathOf(fields, "row");
     const auto check = [path](UITableView& table) {
@@ -89,10 +121,9 @@ json moveRow(const DriverContext& context, const json& fields) {
 
 std::span<const DriverCommand> tableCommands() {
     static constexpr DriverCommand kCommands[] = {
-        {"rows", rows},
-        {"select_row", selectRow},
-        {"delete_row", deleteRow},
-        {"move_row", moveRow},
+        {"rows", rows},           {"select_row", selectRow},
+        {"accessory", accessory}, {"delete_row", deleteRow},
+        {"move_row", moveRow},    {"pull", pull},
     };
     return kCommands;
 }

@@ -73,7 +73,7 @@ json tap(const DriverContext& context, const json& fields) {
     json hit;
     UIWindow& window = context.window();
     context.device.perform([&] {
-        hit = hitOf(window.touchDown(target.point), target);
+        hit = hitOf(window.touchDown(target.point).get(), target);
         window.touchUp(target.point);
     });
     return {{"hit", hit}};
@@ -86,9 +86,9 @@ json touch(const DriverContext& context, const json& fields) {
     if (phase == "down" || phase == "up") {
         const Target target = targetOf(context, fields);
         context.device.perform([&] {
-            const UIView* view =
+            const auto view =
                 phase == "down" ? window.touchDown(target.point) : window.touchUp(target.point);
-            hit = hitOf(view, target);
+            hit = hitOf(view.get(), target);
         });
     } else if (phase == "cancel") {
         context.device.perform([&] { window.touchCancel(); });

@@ -44,9 +44,9 @@ std::string importMessage(ImportStatus status) {
     return "Wrong Data (00)";
 }
 
-void fadeOut(const std::shared_ptr<UIView>& splash) {
-    UIView::animateWithDuration(
-        kSplashFade, [&] { splash->setAlpha(0); }, [splash] { splash->removeFromSuperview(); });
+void fadeOut(UIView& splash) {
+    splash.animateWithDuration(
+        kSplashFade, [&] { splash.setAlpha(0); }, [&splash] { splash.removeFromSuperview(); });
 }
 
 }  // namespace
@@ -79,7 +79,7 @@ bool GXAppDelegate::application_didFinishLaunchingWithOptions() {
         application.cancelAllLocalNotifications();
     }
     NSLog("Loading Time : %f", NSDate::date().timeIntervalSinceDate(begin));
-    fadeOut(splash);
+    fadeOut(*splash);
     // Not only a line of the log: the first reader starts the counter.
     NSLog("data update no : %ld", manager.getDataUpdateNo());
     return true;
@@ -92,11 +92,12 @@ std::shared_ptr<UIView> GXAppDelegate::showWindow() {
     mainView_ = &Device::current().singleton<GXMainView>();
     const GXUIManager& manager = GXUIManager::manager();
     mainView_->view()->setFrame({0, 0, manager.screenWidth(), manager.screenHeight()});
-    window.addSubview(mainView_->view());
+    window.setRootViewController(*mainView_);
     auto splash = std::make_shared<UIImageView>(window.bounds());
     splash->setAccessibilityIdentifier("splash");
     splash->setImage(UIImage::imageNamed(manager.isTallerScreen() ? "Default-568h" : "Default"));
     window.addSubview(splash);
+    window.makeKeyAndVisible();
     return splash;
 }
 

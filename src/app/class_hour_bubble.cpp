@@ -60,7 +60,7 @@ void ClassHourBubble::showClassHour_periodName(const std::string& classHour,
         nameRect(classHour.empty() ? (kBubble.height - kNameHeight) / 2 : kNameY));
     classhourBaseView_.setHidden(false);
     classhourBaseView_.setFrame(kBubble);
-    UIView::animateWithDuration(kSlide, [&] {
+    classhourBaseView_.animateWithDuration(kSlide, [&] {
         classhourBaseView_.setFrame(
             kBubble.offsetBy({0, GXUIManager::manager().statusBarHeight()}));
     });

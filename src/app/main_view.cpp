@@ -1,6 +1,8 @@
 #include "app/main_view.h"
 
 #include "platform/foundation/user_defaults.h"
+#include "platform/services/application.h"
+#include "platform/views/window.h"
 #include "presentation/notifications.h"
 #include "presentation/panels/more_menu.h"
 #include "presentation/settings_manager.h"
@@ -21,7 +23,7 @@ constexpr double kOuterBar = 200;
 
 }  // namespace
 
-GXMainView::GXMainView() : view_(std::make_shared<UIView>()) {
+GXMainView::GXMainView() {
     buildViews();
     GXUIManager& manager = GXUIManager::manager();
     manager.setMainView(this);
@@ -46,29 +48,37 @@ void GXMainView::buildViews() {
     const double width = screen.screenWidth;
     const double height = screen.screenHeight;
     const double top = screen.statusBarHeight;
-    view_->setAccessibilityIdentifier("mainView");
-    view_->setFrame({0, 0, width, height});
-    view_->setBackgroundColor(UIColor::colorWithWhite(0.8F));
-    backgroundImageView_ = &view_->add<UIImageView>(CGRect{0, 0, width, height});
+    setView(std::make_shared<UIView>());
+    UIView& view = *this->view();
+    view.setAccessibilityIdentifier("mainView");
+    view.setFrame({0, 0, width, height});
+    view.setBackgroundColor(UIColor::colorWithWhite(0.8F));
+    backgroundImageView_ = &view.add<UIImageView>(CGRect{0, 0, width, height});
     backgroundImageView_->setAccessibilityIdentifier("backgroundImageView");
-    view_->addSubview(timetablePallet_.view());
-    topMenu_ = &view_->add<TopMenu>(width, top);
+    view.addSubview(timetablePallet_.view());
+    topMenu_ = &view.add<TopMenu>(width, top);
     std::get<LessonFlow*>(flows_) = &lessonEditing_.emplace(*this);
-    view_->addSubview(lessonEditing_->addLessonView());
-    titleView_ = &view_->add<GXTitleView>(width, top);
+    view.addSubview(lessonEditing_->addLessonView());
+    titleView_ = &view.add<GXTitleView>(width, top);
     std::get<ClassHourFlow*>(flows_) =
-        &classHourBubble_.emplace(*view_, *titleView_, topMenu_->dateView());
-    bottomMenu_ = &view_->add<GXBottomMenu>(
+        &classHourBubble_.emplace(view, *titleView_, topMenu_->dateView());
+    bottomMenu_ = &view.add<GXBottomMenu>(
         CGRect{0, height - screen.bottomViewHeight, width, screen.bottomViewHeight});
     statusBarBase_ = &addBar("statusBarBase", {0, 0, width, top}, UIColor::blackColor());
     addBar("", {0, -kOuterBar, width, kOuterBar}, UIColor::blackColor());
     addBar("", {0, height, width, kOuterBar}, UIColor::blackColor());
-    panels_.emplace(*view_);
+    panels_.emplace(view);
     setThemes();
 }
 
+void GXMainView::viewWillAppear(bool) {
+    UIApplication::sharedApplication().setStatusBarStyle_animated(UIStatusBarStyle::lightContent,
+                                                                  false);
+    UIWindow::keyWindow().setBackgroundColor(UIColor::blackColor());
+}
+
 UIView& GXMainView::addBar(const char* identifier, CGRect frame, UIColor color) {
-    UIView& bar = view_->add<UIView>(frame);
+    UIView& bar = view()->add<UIView>(frame);
     bar.setAccessibilityIdentifier(identifier);
     bar.setBackgroundColor(color);
     return bar;
@@ -150,7 +160,7 @@ void GXMainView::lockMenu(bool locked) {
 }
 
 void GXMainView::openMoreMenu() {
-    const auto menu = std::make_shared<GXMoreMenu>(view_->bounds());
+    const auto menu = std::make_shared<GXMoreMenu>(view()->bounds());
     panels_->present(menu);
     NSNotificationCenter::defaultCenter().postNotificationName(GX_NOTI_LESSON_INFO_CLOSE);
     lockMenu(true);

@@ -7,6 +7,7 @@
 #include "app/class_hour_bubble.h"
 #include "app/lesson_editing.h"
 #include "platform/views/image_view.h"
+#include "platform/views/view_controller.h"
 #include "presentation/grid/timetable_pallet.h"
 #include "presentation/main_screen.h"
 #include "presentation/panels/bottom_menu.h"
@@ -19,13 +20,11 @@ namespace gexlo {
 class GXTimetableData;
 class NSManagedObjectContext;
 
-class GXMainView final : public MainScreen {
+class GXMainView final : public UIViewController, public MainScreen {
 public:
     /// Builds the screen and loads the timetable that is to be shown first.
     GXMainView();
     ~GXMainView() override;
-
-    const std::shared_ptr<UIView>& view() const { return view_; }
 
     /// Decides which timetable is current: the starting one, or 0 where none was ever made.
     void initAppInformationFromCoreData();
@@ -56,12 +55,12 @@ public:
     NSManagedObjectContext* context() const { return context_; }
 
 private:
+    void viewWillAppear(bool animated) override;
     void buildViews();
     UIView& addBar(const char* identifier, CGRect frame, UIColor color);
     GXTimetableData& timetableToLoad();
 
     NSManagedObjectContext* context_ = nullptr;
-    std::shared_ptr<UIView> view_;
     GXTimetablePallet timetablePallet_;
     std::optional<LessonEditing> lessonEditing_;
     std::optional<ClassHourBubble> classHourBubble_;

@@ -49,6 +49,7 @@ protected:
         if (&view == &window) return;
         if (what == 3) view.setHidden(!view.isHidden());
         if (what == 4) view.setFrame(newView()->frame());
+        if (what == 4) view.setAlpha(place(4) / 3);
         if (what == 5) view.superview()->bringSubviewToFront(view);
         if (what == 6) view.removeFromSuperview();
     }
@@ -80,35 +81,42 @@ protected:
 TEST_F(Mirror, follows_changes_to_what_it_would_show_of_the_tree_anew) {
     Shown kept(*this);
     for (int i = 0; i < 400; ++i) {
-        for (std::size_t changes = below(4); changes > 0; --changes)
-            change();
+        const bool takesTime = below(2) == 0;
+        window.animateWithDuration(takesTime ? 1 : 0, [&] {
+            for (std::size_t changes = below(4); changes > 0; --changes)
+                change();
+        });
+        phone.advance(place(80) / 100);
         const std::string followed = told(kept);
         Shown anew(*this);
         ASSERT_EQ(followed, told(anew)) << i;
     }
 }
 
-TEST_F(Mirror, keeps_what_slides_out_of_sight_until_it_has_come_to_rest) {
+TEST_F(Mirror, shows_what_slides_out_in_and_by_while_it_is_in_sight) {
     UIView& panel = window.add<UIView>(window.frame());
     panel.add<UILabel>(CGRect{0, 10, 100, 20}).setText("on the panel");
     auto& scroll = window.add<UIScrollView>(window.frame());
     scroll.add<UILabel>(CGRect{0, 10, 100, 20}).setText("above");
     scroll.add<UILabel>(CGRect{0, 2000, 100, 20}).setText("below");
-    scroll.add<UILabel>(CGRect{0, 1000, 100, 20}).setText("between");
+    for (const double x : {0, 100, 200})
+        scroll.add<UILabel>(CGRect{x, 1000, 100, 20}).setText("between");
     Shown shown(*this);
-    const auto count = [&] {
+    const auto countAfter = [&](double seconds) {
+        phone.advance(seconds);
         told(shown);
         return shown.root.findChildren<ViewItem*>().size();
     };
-    const auto atRest = count();
-    UIView::animateWithDuration(0.01, [&] {
+    const auto atRest = countAfter(0);
+    window.animateWithDuration(1, [&] {
         scroll.setContentOffset({0, 1900});
         panel.setFrame(window.frame().offsetBy({0, 1000}));
     });
-    EXPECT_EQ(count(), atRest + 2) << "what slides out, in, and by";
-    runUntil([&] { return !shown.mirror.isAnimating(); });
-    scroll.setContentOffset({0, 1901});
-    EXPECT_EQ(count(), atRest - 2) << "without the panel and its label";
+    EXPECT_EQ(countAfter(0), atRest);
+    EXPECT_EQ(countAfter(0.5), atRest + 2) << "the panel still, and what is between";
+    EXPECT_TRUE(shown.mirror.isAnimating());
+    EXPECT_EQ(countAfter(0.5), atRest - 2) << "without the panel and its label";
+    EXPECT_FALSE(shown.mirror.isAnimating());
 }
 
 }  // namespace

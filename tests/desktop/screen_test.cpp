@@ -3,10 +3,12 @@
 #include <QGuiApplication>
 
 #include "desktop/window_fixture.h"
+#include "hosts/headless/json_views.h"
 #include "platform/views/button.h"
 #include "platform/views/label.h"
 #include "platform/views/text_input.h"
 #include "platform/views/window.h"
+#include "presentation/ui_manager.h"
 #include "support/pictures.h"
 
 namespace gexlo::test {
@@ -106,6 +108,13 @@ protected:
     QColor colorAt(int x, int y) {
         atRest();
         return window.grabWindow().pixelColor(x, y);
+    }
+    /// What is seen so many seconds later, with a turn of the main queue at that moment.
+    QImage seenAfter(double seconds) {
+        phone.advance(seconds);
+        Device::current().perform([] {});
+        window.screen().synchronize();
+        return window.grabWindow();
     }
 
     std::string pressed;
@@ -223,6 +232,33 @@ TEST_F(Screen, an_alert_ends_the_touch_or_drag_that_it_interrupts) {
     mouse(QEvent::MouseButtonRelease, place, 9010);
     EXPECT_EQ(list.contentOffset().y, 0);
     EXPECT_EQ(pressed, "");
+    key(Qt::Key_Escape);
+    drag({100, 100}, {0, 20}, 20);
+    EXPECT_LT(list.contentOffset().y, 0);
+    window.screen().ungrabMouse();
+    atRest();
+    EXPECT_EQ(list.contentOffset().y, 0) << "another takes the mouse";
+}
+
+TEST_F(Screen, a_press_is_for_the_alert_that_it_began_on) {
+    for (const bool comes : {true, false}) {
+        show(question());
+        if (!comes) show(question());
+        const QPoint add = middleOf("Add");
+        const CGPoint place{static_cast<double>(add.x()), static_cast<double>(add.y())};
+        mouse(QEvent::MouseButtonPress, place, 1000);
+        Device::current().perform([&] {
+            UIWindow& shown = UIWindow::keyWindow();
+            comes ? shown.present(question()) : shown.answer(0);
+        });
+        pressed.clear();
+        mouse(QEvent::MouseButtonRelease, place, 1100);
+        atRest();
+        EXPECT_EQ(UIWindow::keyWindow().alerts().size(), comes ? 2U : 1U);
+        EXPECT_EQ(pressed, "");
+        while (!UIWindow::keyWindow().alerts().empty())
+            key(Qt::Key_Escape);
+    }
 }
 
 TEST_F(Screen, a_long_message_scrolls_by_finger_and_by_wheel) {
@@ -409,6 +445,46 @@ TEST_F(Screen, what_a_field_refuses_does_not_stay_in_sight) {
     EXPECT_EQ(window.activeFocusItem()->property("text").toString(), "12");
 }
 
+TEST_F(Screen, a_button_looks_pressed_while_the_finger_is_on_it_and_tells_nothing_of_it) {
+    UIControl& titled = addButton("Go", {20, 20, 100, 60});
+    UIControl& composed = add<UIControl>({250, 20, 100, 60}, UIColor::blackColor());
+    composed.add<UILabel>(CGRect{10, 10, 80, 40}).setText("Go");
+    UIControl& empty = add<UIButton>({20, 120, 100, 60});
+    UIControl& once = addButton("Once", {140, 120, 100, 60});
+    once.addAction(UIControlEvent::touchDown, [&] { once.setEnabled(false); });
+    for (UIControl* control : {&titled, &composed, &empty, &once}) {
+        const auto picture = [&] {
+            atRest();
+            return window.grabWindow();
+        };
+        const QImage former = picture();
+        const auto isPressed = [&] {
+            const int pixels = differing(picture(), former, 20);
+            EXPECT_TRUE(pixels == 0 || pixels > 5000) << pixels;
+            return pixels > 0;
+        };
+        const nlohmann::json told = jsonFromView(*control);
+        const CGPoint middle = control->frame().center();
+        const CGPoint outside{middle.x, 400};
+        mouse(QEvent::MouseButtonPress, middle, 1000);
+        EXPECT_TRUE(isPressed());
+        if (control != &once) {
+            EXPECT_EQ(jsonFromView(*control), told);
+        }
+        mouse(QEvent::MouseMove, outside, 1100);
+        EXPECT_FALSE(isPressed()) << "off it";
+        mouse(QEvent::MouseMove, middle, 1200);
+        EXPECT_EQ(isPressed(), control != &once);
+        mouse(QEvent::MouseButtonRelease, middle, 1300);
+        EXPECT_FALSE(isPressed());
+        control->setEnabled(true);
+        mouse(QEvent::MouseButtonPress, middle, 9000);
+        EXPECT_TRUE(isPressed());
+        window.screen().cancel();
+        EXPECT_FALSE(isPressed());
+    }
+}
+
 TEST_F(Screen, views_lie_upon_each_other_in_the_order_of_the_tree) {
     UIView& below = add({50, 50, 100, 100}, kRed);
     UIView& above = add({50, 50, 100, 100}, kGreen);
@@ -434,6 +510,62 @@ TEST_F(Screen, a_view_that_clips_hides_what_reaches_out_of_it) {
         EXPECT_EQ(colorAt(120, 120), Qt::red);
         EXPECT_EQ(colorAt(170, 170), clips ? Qt::white : Qt::red);
     }
+}
+
+TEST_F(Screen, a_fade_is_seen_to_its_end_whatever_happens_to_others_meanwhile) {
+    UIView& box = add({50, 50, 100, 100});
+    UIView& view = add({50, 50, 100, 100}, kRed);
+    const auto seen = [&](double seconds) {
+        const QColor color = seenAfter(seconds).pixelColor(100, 100);
+        EXPECT_EQ(color.red(), 255);
+        return color.green();
+    };
+    EXPECT_EQ(seen(0), 0);
+    view.animateWithDuration(
+        0.4, [&] { view.setAlpha(0); }, [&] { view.removeFromSuperview(); });
+    EXPECT_EQ(seen(0), 0);
+    EXPECT_NEAR(seen(0.02), 1, 1);
+    EXPECT_NEAR(seen(0.18), 127, 1);
+    view.setFrame({40, 40, 100, 100});
+    EXPECT_NEAR(seen(0), 127, 1);
+    view.setFrame({0, 0, 100, 100});
+    box.addSubview(view.shared_from_this());
+    EXPECT_NEAR(seen(0), 127, 1) << "with another parent";
+    EXPECT_NEAR(seen(0.1), 223, 1);
+    EXPECT_EQ(seen(0.11), 255);
+    EXPECT_FALSE(window.screen().isAnimating());
+    EXPECT_EQ(box.subviews().size(), 0U);
+}
+
+TEST_F(Screen, what_grows_and_recolours_is_painted_anew_on_its_way) {
+    UIView& view = add({50, 50, 100, 100}, kWhite);
+    view.setBorder(10, kGreen);
+    seenAfter(0);
+    view.animateWithDuration(1, [&] {
+        view.setFrame({50, 50, 300, 100});
+        view.setBackgroundColor(kRed);
+    });
+    const QImage half = seenAfter(0.5);
+    for (const int x : {51, 58, 242, 248})
+        EXPECT_EQ(half.pixelColor(x, 100), Qt::green) << x;
+    for (const int x : {62, 238})
+        EXPECT_NEAR(half.pixelColor(x, 100).green(), 127, 1) << x;
+    EXPECT_EQ(half.pixelColor(252, 100), Qt::white);
+}
+
+TEST_F(Screen, the_title_fades_out_over_all_its_time) {
+    phone.launch();
+    const auto title = [&](double seconds) { return seenAfter(seconds).copy(0, 0, 375, 64); };
+    const QImage closed = title(2);
+    Device::current().perform([] { GXUIManager::manager().openAddLessonView(); });
+    const QImage open = title(2);
+    Device::current().perform([] { GXUIManager::manager().cancelLessonEditing(); });
+    const int all = differing(open, closed, 16);
+    EXPECT_GT(all, 100);
+    EXPECT_LT(differing(open, title(0.02), 16), all / 10);
+    const QImage half = title(0.155);
+    EXPECT_TRUE(differing(open, half, 16) > all / 4 && differing(closed, half, 16) > all / 4);
+    EXPECT_EQ(title(0.18), closed);
 }
 
 TEST_F(Screen, a_larger_window_is_painted_anew_and_not_stretched) {

@@ -105,7 +105,8 @@ TEST_F(Painter, images_stretch_between_their_caps_tile_and_take_a_tint) {
     writeFile(directory.path() / "edged.svg", svg + edges);
     writeFile(directory.path() / "dotted.svg", svg + "<path fill='#00f' d='M0 0h5v5H0z'/></svg>");
     auto& button = add<UIButton>({0, 0, 40, 10});
-    button.setBackgroundImage({.name = "edged", .fill = {}, .size = {}, .caps = {3, 0}});
+    button.setBackgroundImage(
+        UIImage::imageNamed("edged").stretchableImageWithLeftCapWidth_topCapHeight(3, 0));
     button.setImage(UIImage::imageNamed("missing"));
     add<UIButton>({80, 0, 10, 10}).setTintColor(kRed);
     add({80, 12, 10, 10}, UIColor::colorWithPatternImage("missing"));

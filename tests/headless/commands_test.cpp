@@ -41,8 +41,15 @@ public:
         auto& faded = cell->contentView().add<UILabel>(CGRect{150, 0, 40, 40});
         faded.setText("faded");
         faded.setAlpha(0);
+        if (marks && path.section == 0) {
+            cell->setAccessory(path.row == 1   ? UITableViewCellAccessory::checkmark
+                               : path.row == 2 ? UITableViewCellAccessory::detailButton
+                                               : UITableViewCellAccessory::none);
+        }
         return cell;
     }
+    void willDisplayRow(UITableView&, UITableViewCell&, NSIndexPath) override { ++displayed; }
+    void accessoryButtonTapped(UITableView&, NSIndexPath path) override { tell("button", path); }
     bool canEditRow(UITableView&, NSIndexPath path) override { return path.row != 0; }
     bool canMoveRow(UITableView&, NSIndexPath path) override { return path.row != 0; }
     void commitDelete(UITableView&, NSIndexPath path) override { tell("delete", path); }
@@ -60,6 +67,8 @@ public:
     void shouldReturn(UITextInput&) override { told += "return|"; }
 
     std::string told;
+    bool marks = false;
+    int displayed = 0;
 
 private:
     static std::string nameOf(NSIndexPath path) {
@@ -161,6 +170,34 @@ TEST_F(Commands, rows_are_read_and_treated_where_they_stand) {
     });
     EXPECT_EQ(table.contentOffset(), (CGPoint{0, end}));
     play({{row("move_row", R"("section":1,"row":9,"to":4)"), "true", "move 1.9 1.4|"}});
+}
+
+TEST_F(Commands, a_table_is_pulled_and_tells_the_marks_of_its_rows) {
+    auto& table = add<UITableView>("rows", {0, 100, 300, 176});
+    owner->marks = true;
+    table.setDataSource(owner);
+    table.setDelegate(owner);
+    table.reloadData();
+    EXPECT_EQ(owner->displayed, 4) << "three and the first below the header";
+    const std::string pull = R"({"cmd":"pull","id":"rows"})";
+    const auto button = [](int row) {
+        return stringWithFormat(R"({"cmd":"accessory","id":"rows","section":0,"row":%d})", row);
+    };
+    play({
+        {R"({"cmd":"rows","id":"rows"})",
+         R"([["0.0"],{"checked":true,"texts":["0.1"]},{"accessory":true,"texts":["0.2"]}])"},
+        {button(2), "true", "button 0.2|"},
+        {button(1), "no such button"},
+        {pull, "not refreshed"},
+    });
+    EXPECT_EQ(owner->displayed, 4) << "one that is only read is not displayed";
+    const auto control = std::make_shared<UIRefreshControl>();
+    table.setRefreshControl(control);
+    control->addAction(UIControlEvent::valueChanged, [&] { owner->told += "refresh|"; });
+    play({{pull, "true", "refresh|"},
+          {R"({"cmd":"scroll","id":"rows","x":0,"y":-90})", "[0.0,-60.0]"}});
+    UIWindow::keyWindow().setCovered(true);
+    play({{pull, "cannot be reached"}});
 }
 
 TEST_F(Commands, the_keyboard_asks_the_delegate_as_a_phone_does) {

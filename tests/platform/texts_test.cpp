@@ -67,7 +67,7 @@ TEST(Texts, every_key_in_the_source_has_one) {
     // Asked for, in a list of keys, or written in capitals with an underscore.
     static const std::regex lists(
         R"((NSLocalizedString|\btext)\([^()]*|Keys(\[\d*\])? ?= ?\{[^}]*)");
-    static const std::regex word(R"re("([^"]*)")re");
+    static const std::regex word(R"re("([^"]+)")re");
     static const std::regex capitals(R"re("([A-Z][A-Z0-9]*(_[A-Z0-9]+)+)")re");
     std::set<std::string> keys;
     const auto take = [&](const std::string& text, const std::regex& kind) {

@@ -34,7 +34,7 @@ private:
 class ViewControllers : public ::testing::Test {
 protected:
     ViewControllers() {
-        window.setRootViewController(root);
+        window.setRootViewController(*root);
         root->view()->setFrame(window.bounds());
         window.makeKeyAndVisible();
         takeTold();

@@ -1,10 +1,9 @@
-// The view tree: where touches go, what alerts hold back, fields, scrolling and tables.
+// The view tree: where touches go, what alerts hold back, fields and scrolling.
 #include <gtest/gtest.h>
 
 #include "platform/foundation/notification_center.h"
 #include "platform/views/button.h"
 #include "platform/views/scroll_view.h"
-#include "platform/views/table_view.h"
 #include "platform/views/text_input.h"
 #include "platform/views/window.h"
 #include "support/phone.h"
@@ -69,9 +68,15 @@ TEST_F(Views, what_a_touch_removes_is_told_and_lives_to_its_end) {
         events += weak.expired() ? '!' : 'r';
     });
     window.touchDown({10, 10});
-    window.touchUp({10, 10});
+    EXPECT_EQ(window.touchUp({10, 10})->frame(), (CGRect{0, 0, 50, 50}));
     EXPECT_EQ(events, "dur");
     EXPECT_TRUE(weak.expired());
+    UIView& next = window.add<UIView>(CGRect{0, 0, 100, 100});
+    addButton(next, {0, 0, 50, 50}).addAction(UIControlEvent::touchDown, [&] {
+        next.removeFromSuperview();
+    });
+    EXPECT_EQ(window.touchDown({10, 10})->frame(), (CGRect{0, 0, 50, 50}));
+    EXPECT_EQ(events, "durdc");
 }
 
 TEST_F(Views, an_alert_holds_touches_back_and_answers_once) {
@@ -172,6 +177,87 @@ TEST_F(Views, a_field_asks_before_it_changes_and_the_keyboard_follows_the_focus)
     EXPECT_EQ(window.firstResponder(), nullptr);
 }
 
+/// Acts when a field is left, and writes down what it was told.
+class Restless final : public UITextInputDelegate {
+public:
+    void didBeginEditing(UITextInput& field) override { told += field.placeholder() + "+"; }
+    void didEndEditing(UITextInput& field) override {
+        told += field.placeholder() + "-";
+        if (const auto act = std::exchange(whenLeft, {})) act();
+    }
+    bool shouldChange(UITextInput& field, std::size_t, std::size_t, std::string_view) override {
+        field.setText(instead);
+        return true;
+    }
+    std::string told;
+    std::string instead;
+    std::function<void()> whenLeft;
+};
+
+class Fields : public Views {
+protected:
+    UITextField& addField(UIView& parent, const char* name) {
+        UITextField& field = parent.add<UITextField>(CGRect{0, 0, 100, 40});
+        field.setPlaceholder(name);
+        field.setDelegate(delegate);
+        return field;
+    }
+    std::shared_ptr<Restless> delegate = std::make_shared<Restless>();
+};
+
+TEST_F(Fields, a_focus_that_is_moved_meanwhile_tells_each_field_in_turn) {
+    std::string keyboard;
+    NSNotificationCenter& center = NSNotificationCenter::defaultCenter();
+    const auto shown =
+        center.addObserver(kKeyboardWillShowNotification, [&](const auto&) { keyboard += '+'; });
+    const auto hidden =
+        center.addObserver(kKeyboardWillHideNotification, [&](const auto&) { keyboard += '-'; });
+    UITextField& a = addField(window, "a");
+    UITextField& b = addField(window, "b");
+    UITextField& c = addField(window, "c");
+    a.becomeFirstResponder();
+    delegate->whenLeft = [&] { c.becomeFirstResponder(); };
+    b.becomeFirstResponder();
+    EXPECT_EQ(delegate->told, "a+a-c+") << "b never had it";
+    EXPECT_EQ(window.firstResponder(), &c);
+    delegate->whenLeft = [&] { a.becomeFirstResponder(); };
+    c.resignFirstResponder();
+    EXPECT_EQ(delegate->told, "a+a-c+c-a+");
+    EXPECT_EQ(keyboard, "+") << "it stays from field to field";
+    a.resignFirstResponder();
+    EXPECT_EQ(keyboard, "+-");
+}
+
+TEST_F(Fields, what_is_removed_has_left_before_anybody_hears_of_it) {
+    UIView& panel = window.add<UIView>(CGRect{0, 0, 100, 100});
+    UITextField& first = addField(panel, "first");
+    UITextField& second = addField(panel, "second");
+    first.becomeFirstResponder();
+    delegate->whenLeft = [&] {
+        EXPECT_EQ(panel.subviews().size(), 0U);
+        second.removeFromSuperview();
+        panel.removeFromSuperview();
+    };
+    panel.removeAllSubviews();
+    EXPECT_EQ(delegate->told, "first+first-");
+    EXPECT_EQ(window.subviews().size(), 0U);
+}
+
+TEST_F(Fields, a_text_that_the_delegate_sets_itself_takes_in_what_it_lets_in) {
+    UITextField& field = addField(window, "");
+    field.setText("a long text");
+    delegate->instead = "수";
+    EXPECT_TRUE(field.insertText("!"));
+    EXPECT_EQ(field.text(), "수!");
+    field.setText("ab");
+    EXPECT_TRUE(field.replaceAll("ax"));
+    EXPECT_EQ(field.text(), "x수") << "no character is cut in two";
+    field.setText("a long text");
+    delegate->instead = "";
+    EXPECT_TRUE(field.replaceAll("a long"));
+    EXPECT_EQ(field.text(), "");
+}
+
 TEST_F(Views, a_drag_comes_to_rest_within_the_content_and_at_a_page) {
     UIScrollView& scroll = window.add<UIScrollView>(CGRect{0, 0, 100, 100});
     scroll.setContentSize({310, 100});
@@ -208,48 +294,88 @@ TEST_F(Views, an_offset_gives_way_to_limits_that_come_nearer_and_to_nothing_else
     EXPECT_EQ(offset(), (CGPoint{0, 900}));
 }
 
-class Numbers final : public UITableViewDataSource, public UITableViewDelegate {
+/// Rows with a field each, and a table that is asked anew when one is left.
+class Entries final : public UITableViewDataSource,
+                      public UITextInputDelegate,
+                      public std::enable_shared_from_this<Entries> {
 public:
-    NSInteger numberOfRowsInSection(UITableView&, NSInteger) override {
-        return static_cast<NSInteger>(rows.size());
-    }
-    std::shared_ptr<UITableViewCell> cellForRow(UITableView&, NSIndexPath path) override {
-        ++made;
+    NSInteger numberOfRowsInSection(UITableView&, NSInteger) override { return rows; }
+    std::shared_ptr<UITableViewCell> cellForRow(UITableView&, NSIndexPath) override {
         auto cell = std::make_shared<UITableViewCell>();
-        cell->contentView().add<UILabel>().setText(
-            std::to_string(rows[static_cast<std::size_t>(path.row)]));
+        cell->contentView().add<UITextField>().setDelegate(weak_from_this());
         return cell;
     }
-    bool canEditRow(UITableView&, NSIndexPath) override { return true; }
-    void commitDelete(UITableView& table, NSIndexPath path) override {
-        rows.erase(rows.begin() + path.row);
-        table.deleteRow(path);
+    void didEndEditing(UITextInput&) override {
+        rows = 5;
+        table->reloadData();
     }
-    void didSelectRow(UITableView&, NSIndexPath path) override { selected = path.row; }
-
-    std::vector<int> rows = std::vector<int>(1000, 7);
-    int made = 0;
-    NSInteger selected = -1;
+    UITableView* table = nullptr;
+    NSInteger rows = 100;
 };
 
-TEST_F(Views, a_table_makes_only_the_rows_in_sight) {
-    const auto numbers = std::make_shared<Numbers>();
+TEST_F(Views, a_table_is_filled_anew_by_the_field_that_scrolls_out_of_its_sight) {
     UITableView& table = window.add<UITableView>(CGRect{0, 0, 300, 440});
-    table.setDataSource(numbers);
-    table.setDelegate(numbers);
+    const auto entries = std::make_shared<Entries>();
+    entries->table = &table;
+    table.setDataSource(entries);
     table.reloadData();
-    EXPECT_EQ(numbers->made, 10);
-    table.dragTo({0, 1e9});
-    EXPECT_EQ(table.contentOffset().y, 1000 * 44.0 - 440);
-    EXPECT_EQ(numbers->made, 20);
-    window.touchDown({10, 430});
-    window.touchUp({10, 430});
-    EXPECT_EQ(numbers->selected, 999);
-    EXPECT_TRUE(table.requestDelete({0, 999}));
-    EXPECT_EQ(table.numberOfRowsInSection(0), 999);
-    EXPECT_EQ(table.contentOffset().y, 999 * 44.0 - 440);
-    EXPECT_FALSE(table.requestDelete({0, 999}));
-    EXPECT_FALSE(table.dragRow({0, 0}, {0, 1})) << "not while it is not edited";
+    UIView& content = table.cellForRow({0, 0})->contentView();
+    EXPECT_TRUE(static_cast<UITextField&>(*content.subviews()[0]).becomeFirstResponder());
+    table.dragTo({0, 2000});
+    EXPECT_EQ(table.subviews().size(), 5U);
+    EXPECT_EQ(table.contentOffset().y, 0);
+}
+
+TEST_F(Views, each_look_that_is_animated_is_seen_on_its_own_way) {
+    const auto now = [] { return NSDate::date(); };
+    UIView& view = window.add<UIView>(CGRect{0, 0, 50, 50});
+    const auto expectSeen = [&](double y, double alpha) {
+        EXPECT_NEAR(view.frameAt(now()).y, y, 0.001);
+        EXPECT_NEAR(view.alphaAt(now()), alpha, 0.001);
+    };
+    view.setFrame({0, 100, 50, 50});
+    view.animateWithDuration(1, [&] {
+        view.setFrame({0, 200, 50, 50});
+        view.setBackgroundColor({1, 0, 0, 1});
+    });
+    EXPECT_EQ(view.frame().y, 200);
+    expectSeen(100, 1);
+    phone.advance(0.5);
+    view.animateWithDuration(2, [&] { view.setAlpha(0); });
+    view.setFrame({0, 200, 50, 50});
+    view.setCornerRadius(5);
+    expectSeen(150, 1);
+    EXPECT_NEAR(view.backgroundColorAt(now()).alpha, 0.5, 0.001);
+    EXPECT_NEAR(view.backgroundColorAt(now()).red, 1, 0.001) << "clear has no colour of its own";
+    phone.advance(0.25);
+    view.animateWithDuration(1, [&] { view.setFrame({0, 100, 50, 50}); });
+    expectSeen(187.5, 0.96875);
+    phone.advance(0.5);
+    expectSeen(143.75, 0.71875);
+    EXPECT_TRUE(window.changesWereRead());
+    view.setFrame({0, 0, 50, 50});
+    expectSeen(0, 0.71875);
+    phone.advance(1.25);
+    expectSeen(0, 0);
+    EXPECT_FALSE(window.changesWereRead());
+    EXPECT_FALSE(view.animations() || window.hasChangedBelow());
+}
+
+TEST_F(Views, an_animation_holds_its_view_until_it_is_completed) {
+    UIView& view = window.add<UIView>();
+    const std::weak_ptr<UIView> weak = view.weak_from_this();
+    view.animateWithDuration(
+        0.3, [&] { view.setAlpha(0); },
+        [&] {
+            view.removeFromSuperview();
+            events += view.alpha() == 0 ? 'e' : '!';
+        });
+    window.removeAllSubviews();
+    phone.advance(0.2);
+    EXPECT_FALSE(weak.expired());
+    phone.advance(0.11);
+    EXPECT_TRUE(weak.expired());
+    EXPECT_EQ(events, "e");
 }
 
 TEST_F(Views, a_change_is_marked_up_to_the_window_wherever_a_host_has_stopped_reading) {

@@ -98,12 +98,14 @@ TEST_F(Cells, labels_follow_the_height_of_the_block_and_the_settings) {
             phone.place(subject, in("A", mon(static_cast<float>(row))));
         redraw();
         const auto& name = part<UILabel>("labelSubject", cell(1, 0));
-        const auto& room = part<UILabel>("labelRoom", cell(1, 0));
+        auto& room = part<UILabel>("labelRoom", cell(1, 0));
         const auto [width, height] = cell(1, 0).frame().size();
         EXPECT_EQ(room.frame(), (CGRect{0, name.frame().height, width, at.roomHeight}));
         EXPECT_EQ(name.frame(), (CGRect{0, 0, width, height - at.roomHeight})) << at.roomHeight;
         EXPECT_TRUE(name.font().size == at.nameFont && room.font().size == at.roomFont);
         EXPECT_EQ(part("labelSubject", cell(2, 0)).frame(), cell(2, 0).bounds()) << "no room";
+        room.setText("shown");
+        EXPECT_EQ(cell(1, 0).room(), "A") << "as it is saved, whatever is shown";
         phone.manager().removeLesson_inTimetable(subject, timetable);
     }
 }

@@ -247,7 +247,7 @@ TEST_F(LessonEditor, on_a_low_screen_everything_stays_within_reach) {
             EXPECT_EQ(part(control).visibleRect(), place) << control;
             EXPECT_GE(place.height, height) << control;
             for (const double y : {place.y + 1, place.maxY() - 1}) {
-                const UIView* hit = UIWindow::keyWindow().touchDown({place.center().x, y});
+                const auto hit = UIWindow::keyWindow().touchDown({place.center().x, y});
                 EXPECT_TRUE(hit && hit->isDescendantOf(part(control))) << control << y;
                 UIWindow::keyWindow().touchCancel();
             }

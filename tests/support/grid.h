@@ -66,7 +66,8 @@ protected:
                  {std::pair{"blackMask", "#"}, {"whiteMask", "*"}, {"shadowMask", "!"}})
                 all += part(mask, at).isHidden() ? "" : mark;
             all += at.state() == GXCellView::State::selected ? "+" : "";
-            std::string text = part<UILabel>("labelSubject", at).text() + at.room();
+            std::string text =
+                part<UILabel>("labelSubject", at).text() + part<UILabel>("labelRoom", at).text();
             if (at.backgroundColor() == UIColor::clearColor()) text += ".";
             if (at.frame().height > grid.cellHeight)
                 text += std::to_string(static_cast<int>(at.frame().height + 1) / grid.cellHeight);

@@ -18,6 +18,7 @@
 namespace gexlo {
 
 class Composers;
+class ImageCoder;
 class KeyStore;
 class TextMeasure;
 
@@ -58,6 +59,8 @@ struct DeviceFacts {
 struct HostServices {
     /// A plain rule measures in its place.
     std::shared_ptr<const TextMeasure> textMeasure;
+    /// No image has pixels without.
+    std::shared_ptr<ImageCoder> imageCoder;
     /// The keychain's file is all there is without.
     std::shared_ptr<KeyStore> keyStore;
     /// Nothing can be sent without.

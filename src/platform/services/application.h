@@ -17,6 +17,9 @@ class UILocalNotification;
 
 enum class UIApplicationState : std::uint8_t { notRunning, active, inactive, background };
 
+/// What stands in the status bar: dark on light, or light on dark.
+enum class UIStatusBarStyle : std::uint8_t { defaultStyle, lightContent };
+
 /// Kinds of notification that a person can allow.
 inline constexpr NSInteger kNotificationTypeBadge = 1;
 inline constexpr NSInteger kNotificationTypeSound = 2;
@@ -48,6 +51,12 @@ public:
     static UIApplication& sharedApplication();
 
     UIApplicationState applicationState() const { return state_; }
+
+    /// What a host may paint in the status bar.
+    UIStatusBarStyle statusBarStyle() const { return statusBarStyle_; }
+    void setStatusBarStyle_animated(UIStatusBarStyle style, bool /*animated*/) {
+        statusBarStyle_ = style;
+    }
 
     // MARK: for the host, each a turn of the main queue; one that does not fit the state does
     // nothing
@@ -102,6 +111,7 @@ private:
 
     UIApplicationDelegate* delegate_ = nullptr;  // ends with the device, as this does
     UIApplicationState state_ = UIApplicationState::notRunning;
+    UIStatusBarStyle statusBarStyle_ = UIStatusBarStyle::defaultStyle;
     NSInteger notificationTypes_ = 0;
     RingHandler ringHandler_;
     AlertHandler alertHandler_;

@@ -21,16 +21,20 @@ void UIControl::touchesBegan(CGPoint) {
     sendActions(UIControlEvent::touchDown);
 }
 
+void UIControl::touchesMoved(CGPoint inWindow) {
+    setHighlighted(enabled_ && frameInWindow().contains(inWindow));
+}
+
 void UIControl::touchesEnded(CGPoint inWindow) {
-    if (!enabled_) return;
     setHighlighted(false);
+    if (!enabled_) return;
     const bool inside = frameInWindow().contains(inWindow);
     sendActions(inside ? UIControlEvent::touchUpInside : UIControlEvent::touchUpOutside);
 }
 
 void UIControl::touchesCancelled() {
-    if (!enabled_) return;
     setHighlighted(false);
+    if (!enabled_) return;
     sendActions(UIControlEvent::touchCancel);
 }
 

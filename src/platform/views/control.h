@@ -41,6 +41,7 @@ public:
 
     /// A control that is not enabled swallows touches and tells nobody.
     void touchesBegan(CGPoint inWindow) override;
+    void touchesMoved(CGPoint inWindow) override;
     void touchesEnded(CGPoint inWindow) override;
     void touchesCancelled() override;
 

@@ -120,7 +120,7 @@ void UINavigationController::showTop(const std::shared_ptr<UIViewController>& fo
     view()->insertSubview_atIndex(top->view(), 0);
     updateBar();
     animate(
-        isMoving, kPushDuration, [&] { top->view()->setFrame(place); },
+        *top->view(), isMoving, kPushDuration, [&] { top->view()->setFrame(place); },
         [transitions = std::move(transitions), isMoving, completion = std::move(completion)] {
             for (const Transition& transition : transitions)
                 endAppearance(transition, isMoving);

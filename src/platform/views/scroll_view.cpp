@@ -9,9 +9,9 @@ namespace gexlo {
 
 namespace {
 
-double resting(double wanted, double last, double visible, bool paging) {
+double resting(double wanted, double first, double last, double visible, bool paging) {
     if (paging && visible > 0) wanted = std::round(wanted / visible) * visible;
-    return std::clamp(wanted, 0.0, last);
+    return std::clamp(wanted, first, last);
 }
 
 }  // namespace
@@ -45,7 +45,7 @@ void UIScrollView::comeToRest(CGPoint formerLast) {
 
 void UIScrollView::setContentOffset(CGPoint offset) {
     if (contentOffset_ == offset) return;
-    change(contentOffset_, offset);
+    change(contentOffset_, offset, &ViewAnimations::contentOffset);
     didScroll();
 }
 
@@ -55,9 +55,10 @@ void UIScrollView::setContentOffset_animated(CGPoint offset, bool animated) {
 }
 
 CGPoint UIScrollView::restingOffset(CGPoint offset) const {
+    const CGPoint first = firstOffset();
     const CGPoint last = lastOffset();
-    return {resting(offset.x, last.x, frame().width, pagingEnabled_),
-            resting(offset.y, last.y, frame().height, pagingEnabled_)};
+    return {resting(offset.x, first.x, last.x, frame().width, pagingEnabled_),
+            resting(offset.y, first.y, last.y, frame().height, pagingEnabled_)};
 }
 
 void UIScrollView::dragTo(CGPoint offset) {
@@ -69,6 +70,7 @@ void UIScrollView::dragTo(CGPoint offset) {
             return;
         window->touchCancel();
     }
+    willBeginDragging();
     setContentOffset(restingOffset(offset));
 }
 

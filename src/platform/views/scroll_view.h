@@ -27,7 +27,8 @@ public:
     void setContentOffset(CGPoint offset);
     void setContentOffset_animated(CGPoint offset, bool animated);
 
-    /// The furthest at which the content comes to rest.
+    // The nearest and the furthest at which the content comes to rest.
+    virtual CGPoint firstOffset() const { return {}; }
     CGPoint lastOffset() const;
 
     bool isPagingEnabled() const { return pagingEnabled_; }
@@ -47,6 +48,10 @@ public:
     CGPoint restingOffset(CGPoint offset) const;
     /// A finger's drag towards an offset that then comes to rest.
     void dragTo(CGPoint offset);
+    /// A finger begins to drag.
+    virtual void willBeginDragging() {}
+    /// The finger has let go, perhaps beyond the limits, before the view comes to rest.
+    virtual void didEndDragging() {}
 
 protected:
     virtual void didScroll() {}

@@ -1,285 +1,381 @@
 #include "platform/views/table_view.h"
 
 #include <algorithm>
-#include <cmath>
+#include <iterator>
 
+#include "platform/views/label.h"
+#include "platform/views/text_input.h"
 #include "platform/views/window.h"
 
 namespace gexlo {
 
 namespace {
 
-constexpr double kDeleteWidth = 40;
-constexpr double kReorderWidth = 42;
-/// At an edge a dragged row moves the list.
-constexpr double kEdge = 20;
-constexpr double kEdgeStep = 8;
+constexpr double kHeaderHeight = 30;
+/// Of rows out of sight that wait to be filled anew.
+constexpr std::size_t kMostReusable = 32;
+
+/// A header that shows only its title.
+class TitleHeader final : public UILabel {
+public:
+    explicit TitleHeader(std::string_view title) {
+        setText(title);
+        setFont(UIFont::boldSystemFontOfSize(13));
+    }
+    void setFrame(CGRect frame) override {
+        static constexpr double kMargin = 10;
+        UILabel::setFrame({frame.x + kMargin, frame.y, frame.width - 2 * kMargin, frame.height});
+    }
+};
 
 }  // namespace
 
-UITableViewCell::UITableViewCell() : contentView_(std::make_shared<UIView>()) {
-    addSubview(contentView_);
+double UITableViewDelegate::heightForRow(UITableView& table, NSIndexPath) {
+    return table.rowHeight();
 }
 
-CGRect UITableViewCell::deleteMark() const {
-    return {0, 0, deleteWidth_, frame().height};
+double UITableViewDelegate::heightForHeader(UITableView& table, NSInteger section) {
+    return table.titleForHeader(section).empty() ? 0 : kHeaderHeight;
 }
 
-CGRect UITableViewCell::reorderMark() const {
-    return {frame().width - reorderWidth_, 0, reorderWidth_, frame().height};
-}
-
-void UITableView::setEditing(bool editing) {
-    editing_ = editing;
-    for (const auto& cell : inSight_)
-        layoutCell(*cell);
-    markChanged();
-}
-
-void UITableView::layoutCell(UITableViewCell& cell) {
-    const NSIndexPath path = cell.indexPath_;
-    const auto source = editing_ ? source_.lock() : nullptr;
-    cell.setMarks(source && source->canEditRow(*this, path) ? kDeleteWidth : 0,
-                  source && source->canMoveRow(*this, path) ? kReorderWidth : 0);
-    cell.setFrame(rectForRow(path));
-    const CGSize size = cell.frame().size();
-    cell.contentView().setFrame(
-        {cell.deleteWidth_, 0, size.width - cell.deleteWidth_ - cell.reorderWidth_, size.height});
-    cell.layoutSubviews();
-}
-
-NSInteger UITableView::numberOfRowsInSection(NSInteger section) const {
-    return section < 0 || section >= numberOfSections() ? 0
-                                                        : rows_[static_cast<std::size_t>(section)];
-}
-
-bool UITableView::hasRow(NSIndexPath path) const {
-    return path.row >= 0 && path.row < numberOfRowsInSection(path.section);
+/// One that leaves all as it is where there is none.
+std::shared_ptr<UITableViewDelegate> UITableView::delegate() const {
+    auto delegate = delegate_.lock();
+    return delegate ? delegate : std::make_shared<UITableViewDelegate>();
 }
 
 std::string UITableView::titleForHeader(NSInteger section) {
-    return section < 0 || section >= numberOfSections()
-               ? ""
-               : headers_[static_cast<std::size_t>(section)];
+    const auto source = source_.lock();
+    return source ? source->titleForHeader(*this, section) : "";
 }
 
-double UITableView::headerHeight(NSInteger section) const {
-    return headers_[static_cast<std::size_t>(section)].empty() ? 0 : kHeaderHeight;
-}
+// MARK: measures
 
-double UITableView::sectionTop(NSInteger section) const {
-    double top = 0;
-    for (NSInteger i = 0; i < section; ++i) {
-        top += headerHeight(i) + static_cast<double>(numberOfRowsInSection(i)) * rowHeight_;
+TableLayout UITableView::askedLayout() {
+    std::vector<TableSection> sections;
+    const auto delegate = this->delegate();
+    const auto source = source_.lock();
+    const NSInteger count = source ? source->numberOfSections(*this) : 0;
+    for (NSInteger section = 0; section < count; ++section) {
+        TableSection& added = sections.emplace_back();
+        const NSInteger rows = source->numberOfRowsInSection(*this, section);
+        added.headerHeight = delegate->heightForHeader(*this, section);
+        added.rowHeights.reserve(static_cast<std::size_t>(std::max<NSInteger>(0, rows)));
+        for (NSInteger row = 0; row < rows; ++row)
+            added.rowHeights.push_back(delegate->heightForRow(*this, {section, row}));
     }
-    return top;
+    return TableLayout(std::move(sections));
+}
+
+void UITableView::fitContent() {
+    setContentSize({frame().width, layout_.height()});
+}
+
+void UITableView::setFrame(CGRect frame) {
+    UIScrollView::setFrame(frame);
+    placeRefreshControl();
+    fitContent();
+    placeAll();
+    showWhatIsInSight();
+}
+
+CGRect UITableView::rectOf(const TableLayout& layout, NSIndexPath path) const {
+    const TableSpan span = layout.span(path);
+    return {0, span.top, frame().width, span.height};
 }
 
 CGRect UITableView::rectForRow(NSIndexPath path) const {
-    const double top = sectionTop(path.section) + headerHeight(path.section);
-    return {0, top + static_cast<double>(path.row) * rowHeight_, frame().width, rowHeight_};
-}
-
-void UITableView::reloadData() {
-    lifted_.reset();
-    rows_.clear();
-    headers_.clear();
-    inSight_.clear();
-    removeAllSubviews();
-    if (const auto source = source_.lock()) {
-        for (NSInteger i = 0; i < source->numberOfSections(*this); ++i) {
-            rows_.push_back(source->numberOfRowsInSection(*this, i));
-            headers_.push_back(source->titleForHeader(*this, i));
-        }
-    }
-    makeHeaders();
-    setContentSize({frame().width, sectionTop(numberOfSections())});
-    layoutRows();
-}
-
-void UITableView::deleteRow(NSIndexPath path) {
-    if (hasRow(path)) reloadData();
-}
-
-void UITableView::makeHeaders() {
-    for (NSInteger section = 0; section < numberOfSections(); ++section) {
-        if (headerHeight(section) == 0) continue;
-        const auto header = std::make_shared<UILabel>(
-            CGRect{10, sectionTop(section), frame().width - 20, kHeaderHeight});
-        header->setAccessibilityIdentifier("header_" + std::to_string(section));
-        header->setText(titleForHeader(section));
-        header->setFont(UIFont::boldSystemFontOfSize(13));
-        addSubview(header);
-    }
-}
-
-std::vector<NSIndexPath> UITableView::pathsInSight() const {
-    std::vector<NSIndexPath> paths;
-    const double top = contentOffset().y;
-    const double bottom = top + frame().height;
-    for (NSInteger section = 0; section < numberOfSections(); ++section) {
-        const double rowsY = sectionTop(section) + headerHeight(section);
-        const auto rows = static_cast<double>(numberOfRowsInSection(section));
-        const auto first =
-            static_cast<NSInteger>(std::clamp((top - rowsY) / rowHeight_, 0.0, rows));
-        const auto last =
-            static_cast<NSInteger>(std::clamp(std::ceil((bottom - rowsY) / rowHeight_), 0.0, rows));
-        for (NSInteger row = first; row < last; ++row)
-            paths.push_back({section, row});
-    }
-    // One that is held stays, however far the list has moved.
-    if (lifted_ && std::find(paths.begin(), paths.end(), lifted_->path) == paths.end()) {
-        paths.push_back(lifted_->path);
-    }
-    return paths;
-}
-
-/// Rows that stay in sight keep their views, and so a field in them its focus.
-void UITableView::layoutRows() {
-    std::vector<std::shared_ptr<UITableViewCell>> inSight;
-    for (const NSIndexPath path : pathsInSight()) {
-        if (auto cell = cellForRow(path)) inSight.push_back(std::move(cell));
-    }
-    inSight_.swap(inSight);
-    for (const auto& former : inSight) {
-        if (std::find(inSight_.begin(), inSight_.end(), former) == inSight_.end())
-            former->removeFromSuperview();
-    }
-    for (const auto& cell : inSight_) {
-        if (cell->superview() != this) addSubview(cell);
-    }
+    return rectOf(layout_, path);
 }
 
 void UITableView::scrollToRow(NSIndexPath path) {
     if (!hasRow(path)) return;
-    const CGRect place = rectForRow(path);
+    const TableSpan place = layout_.span(path);
     const double top = contentOffset().y;
-    if (place.y < top) setContentOffset({0, place.y});
-    if (place.maxY() > top + frame().height) setContentOffset({0, place.maxY() - frame().height});
+    if (place.top < top) setContentOffset({0, place.top});
+    if (place.bottom() > top + frame().height)
+        setContentOffset({0, place.bottom() - frame().height});
+}
+
+// MARK: views of rows and headers
+
+void UITableView::markRow(UITableViewCell& cell, NSIndexPath path) {
+    const auto source = editing_ ? source_.lock() : nullptr;
+    const bool deletes = source && source->canEditRow(*this, path);
+    cell.setMarks(deletes, source && source->canMoveRow(*this, path));
+}
+
+void UITableView::markRows() {
+    for (const auto& [path, view] : Shown(shown_))
+        if (path.row != kHeaderRow) markRow(static_cast<UITableViewCell&>(*view), path);
+}
+
+std::shared_ptr<UITableViewCell> UITableView::newCell(NSIndexPath path) {
+    const auto source = source_.lock();
+    auto cell = source ? source->cellForRow(*this, path) : nullptr;
+    if (!cell || !hasRow(path)) return nullptr;
+    cell->setSelected(path == selected_);
+    cell->setFrame(rectForRow(path));
+    markRow(*cell, path);
+    return cell;
+}
+
+std::shared_ptr<UIView> UITableView::newHeader(NSInteger section) {
+    auto header = delegate()->viewForHeader(*this, section);
+    if (!header) {
+        const std::string title = titleForHeader(section);
+        if (title.empty()) return nullptr;
+        header = std::make_shared<TitleHeader>(title);
+    }
+    if (section >= numberOfSections()) return nullptr;
+    header->setAccessibilityIdentifier("header_" + std::to_string(section));
+    header->setFrame(rectOf(layout_, {section, kHeaderRow}));
+    return header;
+}
+
+UITableViewCell* UITableView::shownCell(NSIndexPath path) const {
+    const auto found = path.row == kHeaderRow ? shown_.end() : shown_.find(path);
+    return found == shown_.end() ? nullptr : static_cast<UITableViewCell*>(found->second.get());
 }
 
 std::shared_ptr<UITableViewCell> UITableView::cellForRow(NSIndexPath path) {
     if (!hasRow(path)) return nullptr;
-    for (const auto& cell : inSight_) {
-        if (cell->indexPath_ == path) return cell;
-    }
-    const auto source = source_.lock();
-    if (!source) return nullptr;
-    auto cell = source->cellForRow(*this, path);
-    cell->indexPath_ = path;
-    layoutCell(*cell);
+    const auto found = shown_.find(path);
+    if (found == shown_.end()) return newCell(path);
+    return std::static_pointer_cast<UITableViewCell>(found->second);
+}
+
+std::shared_ptr<UIView> UITableView::headerForSection(NSInteger section) {
+    const NSIndexPath path{section, kHeaderRow};
+    if (section < 0 || section >= numberOfSections() || layout_.span(path).height == 0)
+        return nullptr;
+    const auto found = shown_.find(path);
+    return found == shown_.end() ? newHeader(section) : found->second;
+}
+
+std::shared_ptr<UITableViewCell> UITableView::dequeueReusableCell(std::string_view identifier) {
+    const auto found = std::ranges::find(reusable_, identifier, &UITableViewCell::reuseIdentifier);
+    if (found == reusable_.end()) return nullptr;
+    auto cell = std::move(*found);
+    reusable_.erase(found);
     return cell;
 }
 
-bool UITableView::selectRow(NSIndexPath path) {
-    if (!canSelectRow(path)) return false;
-    const auto delegate = delegate_.lock();
-    const auto self = shared_from_this();
-    delegate->didSelectRow(*this, path);
-    return true;
+// MARK: what is in sight
+
+std::vector<NSIndexPath> UITableView::pathsInSight() const {
+    const double top = contentOffset().y;
+    std::vector<NSIndexPath> paths = layout_.between(top, top + frame().height);
+    // One that is held stays, however far the list has moved.
+    if (lifted_ && !std::ranges::binary_search(paths, lifted_->path))
+        paths.insert(std::ranges::upper_bound(paths, lifted_->path), lifted_->path);
+    return paths;
 }
 
-bool UITableView::canDeleteRow(NSIndexPath path) {
-    const auto source = source_.lock();
-    return source && hasRow(path) && source->canEditRow(*this, path);
-}
-
-bool UITableView::requestDelete(NSIndexPath path) {
-    if (!canDeleteRow(path)) return false;
-    const auto source = source_.lock();
-    const auto self = shared_from_this();
-    source->commitDelete(*this, path);
-    return true;
-}
-
-bool UITableView::canDragRow(NSIndexPath from, NSIndexPath to) {
-    const auto source = source_.lock();
-    return source && editing_ && hasRow(from) && hasRow(to) && source->canMoveRow(*this, from);
-}
-
-bool UITableView::dragRow(NSIndexPath from, NSIndexPath to) {
-    if (!canDragRow(from, to)) return false;
-    const auto source = source_.lock();
-    // Back where it was, nothing has moved.
-    if (from == to) return true;
-    const auto self = shared_from_this();
-    source->moveRow(*this, from, to);
-    reloadData();
-    return true;
-}
-
-// MARK: touches
-
-void UITableView::touchesBegan(CGPoint inWindow) {
-    for (const auto& cell : inSight_) {
-        const CGRect row = cell->frameInWindow();
-        if (!cell->reorderMark().offsetBy(row.origin()).contains(inWindow)) continue;
-        const NSIndexPath path = cell->indexPath_;
-        lifted_ = {path, path, inWindow.y - row.y, cell->frame().y};
-        bringSubviewToFront(*cell);
-        return;
+/// What stays in sight keeps its view, and so a field in it its focus; one that has the focus
+/// keeps it out of sight too.
+void UITableView::showWhatIsInSight() {
+    const auto self = weak_from_this().lock();
+    const unsigned passes = ++passes_;
+    const std::vector<NSIndexPath> wanted = pathsInSight();
+    const UIView* focus = window() ? window()->firstResponder() : nullptr;
+    std::vector<std::shared_ptr<UIView>> leaving;
+    std::erase_if(shown_, [&](const auto& entry) {
+        const auto& [path, view] = entry;
+        if (std::ranges::binary_search(wanted, path)) return false;
+        if (focus && focus->isDescendantOf(*view)) return false;
+        leaving.push_back(view);
+        return true;
+    });
+    if (swiped_ && !shown_.contains(*swiped_)) swiped_.reset();
+    for (const auto& view : leaving)
+        letGo(*view);
+    for (const NSIndexPath path : wanted) {
+        if (passes != passes_) return;
+        if (!shown_.contains(path)) bring(path);
     }
 }
 
-void UITableView::touchesMoved(CGPoint inWindow) {
-    if (!lifted_) return;
-    const CGRect table = frameInWindow();
-    const double last = std::max(0.0, contentSize().height - table.height);
-    CGPoint offset = contentOffset();
-    if (inWindow.y < table.y + kEdge) offset.y = std::max(0.0, offset.y - kEdgeStep);
-    if (inWindow.y > table.maxY() - kEdge) offset.y = std::min(last, offset.y + kEdgeStep);
-    setContentOffset(offset);
-    lifted_->y = inWindow.y - table.y + offset.y - lifted_->grip;
-    lifted_->target = nearestRow(lifted_->y + rowHeight_ / 2, lifted_->path.section);
-    placeRows();
+/// Null where there is nothing to show, or where the table was changed meanwhile.
+std::shared_ptr<UIView> UITableView::bring(NSIndexPath path) {
+    const unsigned passes = passes_;
+    const bool isHeader = path.row == kHeaderRow;
+    const auto cell = isHeader ? nullptr : newCell(path);
+    auto view = isHeader ? newHeader(path.section) : cell;
+    if (!view || passes != passes_) return nullptr;
+    insertSubview_atIndex(view, indexFor(path));
+    shown_.emplace(path, view);
+    if (cell) delegate()->willDisplayRow(*this, *cell, path);
+    return passes == passes_ ? view : nullptr;
 }
 
-/// The row of a section that is at a height of the content, or comes nearest to it.
-NSIndexPath UITableView::nearestRow(double y, NSInteger section) const {
-    const double rows = (y - rectForRow({section, 0}).y) / rowHeight_;
-    const auto last = static_cast<double>(numberOfRowsInSection(section) - 1);
-    return {section, static_cast<NSInteger>(std::clamp(std::floor(rows), 0.0, last))};
+void UITableView::letGo(UIView& view) {
+    const auto held = view.shared_from_this();
+    view.removeFromSuperview();
+    const auto cell = std::dynamic_pointer_cast<UITableViewCell>(held);
+    if (!cell || cell->reuseIdentifier().empty() || reusable_.size() >= kMostReusable) return;
+    cell->uncoverDelete(0);
+    cell->setSelected(false);
+    reusable_.push_back(cell);
 }
 
-/// The others make room where the row that is held would land.
-void UITableView::placeRows() {
-    for (const auto& cell : inSight_) {
-        const NSIndexPath path = cell->indexPath_;
-        CGRect place = rectForRow(path);
-        if (lifted_ && path.section == lifted_->path.section) {
-            const NSInteger from = lifted_->path.row;
-            const NSInteger to = lifted_->target.row;
-            if (path.row > from && path.row <= to) place.y -= rowHeight_;
-            if (path.row < from && path.row >= to) place.y += rowHeight_;
-            if (path.row == from) place.y = lifted_->y;
-        }
-        cell->setFrame(place);
-    }
+/// Rows lie in the tree in their order, whichever came first, and below all else in the table.
+std::size_t UITableView::indexFor(NSIndexPath path) const {
+    const auto indexOf = [&](const std::shared_ptr<UIView>& view) {
+        return static_cast<std::size_t>(std::ranges::find(subviews(), view) - subviews().begin());
+    };
+    const auto next = shown_.upper_bound(path);
+    if (next != shown_.end()) return indexOf(next->second);
+    return shown_.empty() ? 0 : indexOf(shown_.rbegin()->second) + 1;
 }
 
-void UITableView::touchesCancelled() {
-    lifted_.reset();
-    layoutRows();
-    placeRows();
+void UITableView::stackInOrder() {
+    for (const auto& [path, view] : shown_)
+        bringSubviewToFront(*view);
 }
 
-void UITableView::touchesEnded(CGPoint inWindow) {
+/// The others make room where a row that is held would land.
+void UITableView::placeAll() {
+    const unsigned passes = passes_;
+    TableLayout dragged;
     if (lifted_) {
-        const LiftedRow lifted = *lifted_;
-        touchesCancelled();
-        dragRow(lifted.path, lifted.target);
-        return;
+        dragged = layout_;
+        dragged.moveRow(lifted_->path, lifted_->target);
     }
-    for (const auto& cell : inSight_) {
-        const CGRect row = cell->frameInWindow();
-        if (!row.contains(inWindow)) continue;
-        if (cell->deleteMark().offsetBy(row.origin()).contains(inWindow)) {
-            requestDelete(cell->indexPath_);
-        } else {
-            selectRow(cell->indexPath_);
-        }
-        return;
+    for (const auto& [path, view] : Shown(shown_)) {
+        if (passes != passes_) return;
+        CGRect place = lifted_ ? rectOf(dragged, afterMove(path, lifted_->path, lifted_->target))
+                               : rectForRow(path);
+        if (lifted_ && path == lifted_->path) place.y = lifted_->y;
+        view->setFrame(place);
     }
+}
+
+// MARK: changes
+
+void UITableView::setEditing(bool editing) {
+    forgetTouches();
+    editing_ = editing;
+    markRows();
+}
+
+void UITableView::reloadData() {
+    const auto self = weak_from_this().lock();
+    layout_ = askedLayout();
+    ++passes_;
+    ++changes_;
+    lifted_.reset();
+    pressed_.reset();
+    swiped_.reset();
+    selected_.reset();
+    // Nothing is the table's any more when those that leave are told so.
+    for (const auto& [path, view] : std::exchange(shown_, {}))
+        letGo(*view);
+    fitContent();
+    showWhatIsInSight();
+}
+
+bool UITableView::agreesWithSource(NSInteger section, NSInteger rows) {
+    const auto source = source_.lock();
+    return source && source->numberOfSections(*this) == numberOfSections() &&
+           source->numberOfRowsInSection(*this, section) == rows;
+}
+
+void UITableView::insertRow(NSIndexPath path, std::function<void()> completion) {
+    const auto self = weak_from_this().lock();
+    const NSInteger rows = numberOfRowsInSection(path.section);
+    const bool hasPlace =
+        path.section >= 0 && path.section < numberOfSections() && path.row >= 0 && path.row <= rows;
+    if (!hasPlace || !agreesWithSource(path.section, rows + 1)) {
+        reloadData();
+        return slide([] {}, std::move(completion));
+    }
+    forgetTouches();
+    layout_.insertRow(path, delegate()->heightForRow(*this, path));
+    renumber([&](NSIndexPath former) { return afterInsertion(former, path); });
+    std::shared_ptr<UIView> arriving;
+    bringMissing([&](NSIndexPath brought, UIView& view) {
+        if (brought != path) return;
+        view.setAlpha(0);
+        arriving = view.shared_from_this();
+    });
+    slide(
+        [&] {
+            if (arriving) arriving->setAlpha(1);
+        },
+        std::move(completion));
+}
+
+void UITableView::deleteRow(NSIndexPath path) {
+    const auto self = weak_from_this().lock();
+    if (!hasRow(path)) return;
+    if (!agreesWithSource(path.section, numberOfRowsInSection(path.section) - 1))
+        return reloadData();
+    forgetTouches();
+    const double height = layout_.span(path).height;
+    layout_.removeRow(path);
+    const auto found = shown_.extract(path);
+    const std::shared_ptr<UIView> leaving = found ? found.mapped() : nullptr;
+    if (selected_ == path) selected_.reset();
+    renumber([&](NSIndexPath former) { return afterRemoval(former, path); });
+    // Below the others and out of reach; a field in it loses the focus.
+    if (leaving) {
+        leaving->setUserInteractionEnabled(false);
+        insertSubview_atIndex(leaving, 0);
+    }
+    bringMissing([&](NSIndexPath brought, UIView& view) {
+        if (brought >= path) view.setFrame(view.frame().offsetBy({0, height}));
+    });
+    slide(
+        [&] {
+            if (leaving) leaving->setAlpha(0);
+        },
+        [weak = std::weak_ptr(leaving)] {
+            if (const auto gone = weak.lock()) gone->removeFromSuperview();
+        });
+}
+
+void UITableView::rowMoved(NSIndexPath from, NSIndexPath to) {
+    layout_.moveRow(from, to);
+    renumber([&](NSIndexPath former) { return afterMove(former, from, to); });
+    bringMissing([](NSIndexPath, UIView&) {});
+    stackInOrder();
+    // What a row offers may hang on where it stands.
+    markRows();
+    slide([] {}, {});
+}
+
+void UITableView::renumber(const std::function<NSIndexPath(NSIndexPath)>& place) {
+    ++passes_;
+    ++changes_;
+    for (auto& [path, view] : std::exchange(shown_, {}))
+        shown_.emplace(place(path), view);
+    if (selected_) selected_ = place(*selected_);
+}
+
+/// What a change brings into sight, each where `start` puts it before it slides to its place.
+void UITableView::bringMissing(const std::function<void(NSIndexPath, UIView&)>& start) {
+    const unsigned passes = passes_;
+    for (const NSIndexPath path : pathsInSight()) {
+        if (passes != passes_) return;
+        if (shown_.contains(path)) continue;
+        if (const auto view = bring(path)) start(path, *view);
+    }
+}
+
+/// To where the layout says; what goes out of sight on the way leaves at the end.
+void UITableView::slide(const std::function<void()>& changes, std::function<void()> completion) {
+    const auto all = [&] {
+        changes();
+        placeAll();
+        fitContent();
+    };
+    animateWithDuration(kRowDuration, all,
+                        [weak = weak_from_this(), completion = std::move(completion)] {
+                            const auto held = std::static_pointer_cast<UITableView>(weak.lock());
+                            if (held) held->showWhatIsInSight();
+                            if (completion) completion();
+                        });
 }
 
 }  // namespace gexlo

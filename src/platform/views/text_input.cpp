@@ -15,6 +15,14 @@ std::size_t lineBreakAt(std::string_view text) {
     return 0;
 }
 
+/// The nearest place in the text, not behind that one, at which a character begins.
+std::size_t characterAt(std::string_view text, std::size_t place) {
+    if (place >= text.size()) return text.size();
+    while (place > 0 && (text[place] & 0xC0) == 0x80)
+        --place;
+    return place;
+}
+
 }  // namespace
 
 std::string onOneLine(std::string_view text) {
@@ -53,8 +61,11 @@ bool UITextInput::replace(std::size_t location, std::size_t length, std::string_
     if (length == 0 && replacement.empty()) return true;
     const auto asked = delegate();
     if (asked && !asked->shouldChange(*this, location, length, replacement)) return false;
+    // The delegate may have set another text, in which the place is not what it was.
     std::string text = text_;
-    setText(text.replace(location, length, replacement));
+    const std::size_t begin = characterAt(text, location);
+    const std::size_t end = characterAt(text, location + length);
+    setText(text.replace(begin, end - begin, replacement));
     sendActions(UIControlEvent::editingChanged);
     return true;
 }
@@ -70,10 +81,8 @@ bool UITextInput::deleteAll() {
 bool UITextInput::replaceAll(std::string_view text) {
     if (text == text_) return true;
     const auto changed = std::mismatch(text_.begin(), text_.end(), text.begin(), text.end()).first;
-    auto location = static_cast<std::size_t>(changed - text_.begin());
-    // Whole characters: none is cut between its bytes.
-    while (location > 0 && location < text.size() && (text[location] & 0xC0) == 0x80)
-        --location;
+    const std::size_t location =
+        characterAt(text, static_cast<std::size_t>(changed - text_.begin()));
     return replace(location, text_.size() - location, text.substr(location));
 }
 

@@ -13,9 +13,6 @@ namespace {
 /// The least alpha at which a view is still touched.
 constexpr double kTouchableAlpha = 0.01;
 
-/// Of the changes that are being made; 0 outside an animation.
-float animationUnderWay = 0;
-
 }  // namespace
 
 UIView::~UIView() {
@@ -28,7 +25,9 @@ void UIView::addSubview(std::shared_ptr<UIView> view) {
 }
 
 void UIView::insertSubview_atIndex(std::shared_ptr<UIView> view, std::size_t index) {
-    if (view->superview_) view->removeFromSuperview();
+    // Who hears of its leaving may have put it elsewhere.
+    while (view->superview_)
+        view->removeFromSuperview();
     view->superview_ = this;
     subviews_.insert(
         subviews_.begin() + static_cast<std::ptrdiff_t>(std::min(index, subviews_.size())),
@@ -37,30 +36,33 @@ void UIView::insertSubview_atIndex(std::shared_ptr<UIView> view, std::size_t ind
     changedBelow_ = true;
 }
 
+/// Those who hear of it may change the tree: a touch is told while the view can pass it on to
+/// those above it, all else once it has gone.
 void UIView::removeFromSuperview() {
     if (!superview_) return;
-    if (UIWindow* window = this->window()) window->viewWillLeave(*this);
-    UIView& parent = *superview_;
-    superview_ = nullptr;
+    const std::shared_ptr<UIView> self = shared_from_this();
+    const std::shared_ptr<UIWindow> window = heldWindow();
+    if (window) window->cancelTouchOn(*this);
+    if (!superview_) return;
+    UIView& parent = *std::exchange(superview_, nullptr);
+    std::erase(parent.subviews_, self);
     parent.markChanged();
-    const auto found =
-        std::find_if(parent.subviews_.begin(), parent.subviews_.end(),
-                     [this](const std::shared_ptr<UIView>& view) { return view.get() == this; });
-    // The view may end with its last holder, so nothing of it is touched from here on.
-    const std::shared_ptr<UIView> self = std::move(*found);
-    parent.subviews_.erase(found);
+    if (window) window->viewDidLeave(*this);
 }
 
 void UIView::removeAllSubviews() {
     if (subviews_.empty()) return;
-    UIWindow* window = this->window();
+    const std::shared_ptr<UIWindow> window = heldWindow();
+    const UIView* touched = window ? window->touched() : nullptr;
+    if (touched && touched != this && touched->isDescendantOf(*this)) window->touchCancel();
     std::vector<std::shared_ptr<UIView>> former;
     former.swap(subviews_);
-    for (const auto& view : former) {
-        if (window) window->viewWillLeave(*view);
+    for (const auto& view : former)
         view->superview_ = nullptr;
-    }
     markChanged();
+    if (!window) return;
+    for (const auto& view : former)
+        window->viewDidLeave(*view);
 }
 
 void UIView::bringSubviewToFront(UIView& view) {
@@ -69,6 +71,11 @@ void UIView::bringSubviewToFront(UIView& view) {
     if (found == subviews_.end()) return;
     std::rotate(found, found + 1, subviews_.end());
     markChanged();
+}
+
+std::shared_ptr<UIWindow> UIView::heldWindow() {
+    UIWindow* window = this->window();
+    return window ? std::static_pointer_cast<UIWindow>(window->shared_from_this()) : nullptr;
 }
 
 bool UIView::isDescendantOf(const UIView& other) const {
@@ -142,27 +149,49 @@ void UIView::touchesCancelled() {
 }
 
 void UIView::markChanged() {
-    animationDuration_ = animationUnderWay;
     changed_ = true;
     for (UIView* view = superview_; view && !view->changedBelow_; view = view->superview_)
         view->changedBelow_ = true;
 }
 
-void UIView::changesWereRead() {
+bool UIView::changesWereRead(NSDate seenAt) {
     changed_ = false;
-    animationDuration_ = 0;
-    if (!std::exchange(changedBelow_, false)) return;
-    for (const auto& view : subviews_)
-        view->changesWereRead();
+    if (animations_ && animations_->areOver(seenAt)) animations_.reset();
+    if (std::exchange(changedBelow_, false)) {
+        for (const auto& view : subviews_) {
+            if (view->changesWereRead(seenAt)) changedBelow_ = true;
+        }
+    }
+    return animations_ || changedBelow_;
 }
+
+template <typename T>
+void UIView::animate(const T& former, const T& value, AnimatedLook<T> look) {
+    if (!animating_) {
+        ((*animations_).*look).reset();
+        return;
+    }
+    const T from = seen(look, former, animating_->begin);
+    if (!animations_) animations_ = std::make_unique<ViewAnimations>();
+    (*animations_).*look = Animation<T>{from, value, *animating_};
+}
+
+template void UIView::animate(const CGRect&, const CGRect&, AnimatedLook<CGRect>);
+template void UIView::animate(const float&, const float&, AnimatedLook<float>);
+template void UIView::animate(const UIColor&, const UIColor&, AnimatedLook<UIColor>);
+template void UIView::animate(const CGPoint&, const CGPoint&, AnimatedLook<CGPoint>);
 
 void UIView::animateWithDuration(double duration, const std::function<void()>& changes,
                                  std::function<void()> completion) {
-    const float outer = animationUnderWay;
-    animationUnderWay = static_cast<float>(duration);
+    const NSDate now = NSDate::date();
+    std::optional<AnimationSpan> span;
+    if (duration > 0) span = {now, now.dateByAddingTimeInterval(duration)};
+    const std::optional<AnimationSpan> outer = std::exchange(animating_, span);
     changes();
-    animationUnderWay = outer;
-    if (completion) Device::current().mainQueue().after(duration, std::move(completion));
+    animating_ = outer;
+    if (!completion) return;
+    Device::current().mainQueue().after(
+        duration, [held = weak_from_this().lock(), done = std::move(completion)] { done(); });
 }
 
 }  // namespace gexlo

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -10,6 +11,7 @@
 #include <vector>
 
 #include "platform/foundation/types.h"
+#include "platform/views/animation.h"
 #include "platform/views/color.h"
 #include "platform/views/geometry.h"
 #include "platform/views/view_visitor.h"
@@ -73,14 +75,18 @@ public:
     // MARK: looks
 
     const CGRect& frame() const { return frame_; }
-    virtual void setFrame(CGRect frame) { change(frame_, frame); }
+    virtual void setFrame(CGRect frame) { change(frame_, frame, &ViewAnimations::frame); }
     CGRect bounds() const { return {0, 0, frame_.width, frame_.height}; }
     bool isHidden() const { return hidden_; }
     void setHidden(bool hidden) { change(hidden_, hidden); }
     double alpha() const { return alpha_; }
-    void setAlpha(double alpha) { change(alpha_, static_cast<float>(alpha)); }
+    void setAlpha(double alpha) {
+        change(alpha_, static_cast<float>(alpha), &ViewAnimations::alpha);
+    }
     const UIColor& backgroundColor() const { return backgroundColor_; }
-    void setBackgroundColor(UIColor color) { change(backgroundColor_, color); }
+    void setBackgroundColor(UIColor color) {
+        change(backgroundColor_, color, &ViewAnimations::backgroundColor);
+    }
     const UIColor& borderColor() const { return borderColor_; }
     double borderWidth() const { return borderWidth_; }
     void setBorder(double width, UIColor color) {
@@ -133,17 +139,28 @@ public:
     /// Whether anything of this view changed since the host last read it.
     bool hasChanged() const { return changed_; }
     bool hasChangedBelow() const { return changedBelow_; }
-    /// Seconds that the host may take to show the last change.
-    double animationDuration() const { return animationDuration_; }
-    /// Of the view and all below it.
-    void changesWereRead();
+    /// Of the view and all below it, as they were seen at that moment. Whether something is still
+    /// on its way, so that the host is to read again.
+    bool changesWereRead(NSDate seenAt = NSDate::date());
+    /// What is on its way, or was until the host last read; null for nothing.
+    const ViewAnimations* animations() const { return animations_.get(); }
+    // What is seen at a moment from now on.
+    CGRect frameAt(NSDate moment) const { return seen(&ViewAnimations::frame, frame_, moment); }
+    double alphaAt(NSDate moment) const { return seen(&ViewAnimations::alpha, alpha_, moment); }
+    UIColor backgroundColorAt(NSDate moment) const {
+        return seen(&ViewAnimations::backgroundColor, backgroundColor_, moment);
+    }
+    CGPoint contentOffsetAt(NSDate moment) const {
+        return seen(&ViewAnimations::contentOffset, contentOffset(), moment);
+    }
 
     // MARK: animations
 
-    /// Runs `changes` now; the host shows them over `duration` seconds, and `completion` runs
-    /// on the main queue when they have passed. It holds no view by itself.
-    static void animateWithDuration(double duration, const std::function<void()>& changes,
-                                    std::function<void()> completion = {});
+    /// Runs `changes` now, to whichever views; they are seen over `duration` seconds, from what
+    /// is seen now. When these have passed, `completion` runs on the main queue; until then the
+    /// animation holds this view.
+    void animateWithDuration(double duration, const std::function<void()>& changes,
+                             std::function<void()> completion = {});
 
 protected:
     template <typename T>
@@ -151,6 +168,16 @@ protected:
         if (field == value) return;
         field = std::move(value);
         markChanged();
+    }
+    /// Of a look that can be seen to change over time.
+    template <typename T>
+    using AnimatedLook = std::optional<Animation<T>> ViewAnimations::*;
+    /// Outside an animation it is seen at once, and ends one that this look is in.
+    template <typename T>
+    void change(T& field, T value, AnimatedLook<T> look) {
+        if (field == value) return;
+        if (animations_ || animating_) animate(field, value, look);
+        change(field, value);
     }
     /// The same without a copy where nothing changes.
     void changeText(std::string& field, std::string_view text) {
@@ -161,19 +188,31 @@ protected:
     void markChanged();
 
 private:
+    std::shared_ptr<UIWindow> heldWindow();
+    template <typename T>
+    void animate(const T& former, const T& value, AnimatedLook<T> look);
+    template <typename T>
+    T seen(AnimatedLook<T> look, const T& atRest, NSDate moment) const {
+        const auto* way = animations_ ? &((*animations_).*look) : nullptr;
+        return way && *way ? (*way)->valueAt(moment) : atRest;
+    }
+
+    /// Of the changes that are being made; absent outside an animation.
+    inline static std::optional<AnimationSpan> animating_;
+
     CGRect frame_;
     UIView* superview_ = nullptr;  // who shares this view
     std::vector<std::shared_ptr<UIView>> subviews_;
     std::vector<Stroke> strokes_;
     std::string accessibilityIdentifier_;
     std::string accessibilityLabel_;
+    std::unique_ptr<ViewAnimations> animations_;  // null for nearly all
     NSInteger tag_ = 0;
     UIColor backgroundColor_;
     UIColor borderColor_;
     float alpha_ = 1;
     float borderWidth_ = 0;
     float cornerRadius_ = 0;
-    float animationDuration_ = 0;
     bool hidden_ = false;
     bool clipsToBounds_ = false;
     bool changed_ = true;

@@ -55,9 +55,9 @@ bool UIViewController::endAppearance(const Transition& transition, bool animated
     return true;
 }
 
-void UIViewController::animate(bool animated, double duration, const std::function<void()>& changes,
-                               Completion completion) {
-    if (animated) return UIView::animateWithDuration(duration, changes, std::move(completion));
+void UIViewController::animate(UIView& view, bool animated, double duration,
+                               const std::function<void()>& changes, Completion completion) {
+    if (animated) return view.animateWithDuration(duration, changes, std::move(completion));
     changes();
     completion();
 }
@@ -92,7 +92,8 @@ void UIViewController::presentViewController_animated_completion(
     controller->view()->setFrame(place.offsetBy({0, place.height}));
     window->addSubview(controller->view());
     animate(
-        animated, kPresentationDuration, [&] { controller->view()->setFrame(place); },
+        *controller->view(), animated, kPresentationDuration,
+        [&] { controller->view()->setFrame(place); },
         [going, coming, animated, completion = std::move(completion)] {
             endAppearance(coming, animated);
             endAppearance(going, animated);
@@ -121,7 +122,7 @@ void UIViewController::dismissPresented(bool animated, Completion completion) {
     const Transition going = topmost->beginAppearance(false, animated);
     const Transition coming = beginAppearance(true, animated);
     animate(
-        animated, kPresentationDuration,
+        *view, animated, kPresentationDuration,
         [&] {
             view->setFrame(view->frame().offsetBy({0, view->frame().height}));
         },

@@ -94,8 +94,8 @@ private:
     Transition beginAppearance(bool comes, bool animated);
     /// Does nothing, and says so, where another has begun since.
     static bool endAppearance(const Transition& transition, bool animated);
-    static void animate(bool animated, double duration, const std::function<void()>& changes,
-                        Completion completion);
+    static void animate(UIView& view, bool animated, double duration,
+                        const std::function<void()>& changes, Completion completion);
 
     /// Who presents for it: its navigation, or itself.
     UIViewController& presenter();

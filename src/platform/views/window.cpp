@@ -1,5 +1,7 @@
 #include "platform/views/window.h"
 
+#include <utility>
+
 #include "platform/foundation/device.h"
 #include "platform/views/screen.h"
 #include "platform/views/text_input.h"
@@ -22,18 +24,19 @@ UIWindow& UIWindow::keyWindow() {
     return *Device::current().singleton<KeyWindow>().window;
 }
 
-UIView* UIWindow::touchDown(CGPoint point) {
+std::shared_ptr<UIView> UIWindow::touchDown(CGPoint point) {
     touchCancel();
     if (!alerts_.empty() || isCovered_) return nullptr;
     UIView* hit = hitTest(point);
-    if (hit) beginTouch(*hit, point);
-    return hit;
+    return hit ? beginTouch(*hit, point) : nullptr;
 }
 
-void UIWindow::beginTouch(UIView& hit, CGPoint point) {
+std::shared_ptr<UIView> UIWindow::beginTouch(UIView& hit, CGPoint point) {
     for (UIView* view = &hit; view; view = view->superview())
         path_.push_back(view->shared_from_this());
-    hit.touchesBegan(point);
+    const std::shared_ptr<UIView> held = path_.front();
+    held->touchesBegan(point);
+    return held;
 }
 
 void UIWindow::touchMoved(CGPoint point) {
@@ -42,22 +45,17 @@ void UIWindow::touchMoved(CGPoint point) {
     if (view->isDescendantOf(*this)) view->touchesMoved(point);
 }
 
-UIView* UIWindow::touchUp(CGPoint point) {
-    if (!touched()) return nullptr;
-    const auto path = std::move(path_);
-    path_.clear();
-    UIView& view = *path.front();
+std::shared_ptr<UIView> UIWindow::touchUp(CGPoint point) {
+    const auto path = std::exchange(path_, {});
     // A view that has left the screen meanwhile was told so.
-    if (!view.isDescendantOf(*this)) return nullptr;
-    view.touchesEnded(point);
-    return &view;
+    if (path.empty() || !path.front()->isDescendantOf(*this)) return nullptr;
+    path.front()->touchesEnded(point);
+    return path.front();
 }
 
 void UIWindow::touchCancel() {
-    if (!touched()) return;
-    const auto path = std::move(path_);
-    path_.clear();
-    path.front()->touchesCancelled();
+    const auto path = std::exchange(path_, {});
+    if (!path.empty()) path.front()->touchesCancelled();
 }
 
 bool UIWindow::canReach(const UIView& view) {
@@ -114,36 +112,59 @@ void UIWindow::setCovered(bool covered) {
     isCovered_ = covered;
 }
 
-void UIWindow::setRootViewController(std::shared_ptr<UIViewController> controller) {
-    root_ = std::move(controller);
-    insertSubview_atIndex(root_->view(), 0);
+void UIWindow::setRootViewController(UIViewController& controller) {
+    root_ = controller.weak_from_this();
+    insertSubview_atIndex(controller.view(), 0);
 }
 
 void UIWindow::makeKeyAndVisible() {
-    UIViewController::endAppearance(root_->beginAppearance(true, false), false);
+    if (const auto root = root_.lock()) {
+        UIViewController::endAppearance(root->beginAppearance(true, false), false);
+    }
 }
 
 void UIWindow::setFirstResponder(UITextInput* input) {
     if (input == firstResponder_.get()) return;
-    const auto former = std::move(firstResponder_);
-    firstResponder_ =
+    const auto next =
         input ? std::static_pointer_cast<UITextInput>(input->shared_from_this()) : nullptr;
-    if (former) former->focusChanged(false);
-    NSNotificationCenter& center = NSNotificationCenter::defaultCenter();
+    const auto former = std::exchange(firstResponder_, next);
+    // Whoever is told may move the focus on; what comes after it here is then out of date.
+    const bool hadBegun = std::exchange(hasBegun_, false);
+    if (hadBegun) former->focusChanged(false);
+    if (firstResponder_ == next) showKeyboard(next != nullptr);
+    if (!next || firstResponder_ != next || hasBegun_) return;
+    hasBegun_ = true;
+    next->focusChanged(true);
+}
+
+/// A device with keys of its own shows none, and an alert's fields move nothing.
+void UIWindow::showKeyboard(bool shown) {
     const double height = Device::current().facts().keyboardHeight;
-    if (height == 0 || this != &keyWindow()) {
-        // A device with keys of its own shows none, and an alert's fields move nothing.
-    } else if (!former && input) {
+    if (height == 0 || this != &keyWindow() || shown == hasKeyboard_) return;
+    hasKeyboard_ = shown;
+    NSNotificationCenter& center = NSNotificationCenter::defaultCenter();
+    if (shown) {
         center.postNotificationName(kKeyboardWillShowNotification, {kKeyboardHeight(height)});
-    } else if (former && !input) {
+    } else {
         center.postNotificationName(kKeyboardWillHideNotification);
     }
-    if (input) input->focusChanged(true);
 }
 
 void UIWindow::viewWillLeave(UIView& view) {
-    if (firstResponder_ && firstResponder_->isDescendantOf(view)) setFirstResponder(nullptr);
+    cancelTouchOn(view);
+    endUseOf(view);
+}
+
+void UIWindow::viewDidLeave(const UIView& view) {
+    if (!view.isDescendantOf(*this)) endUseOf(view);
+}
+
+void UIWindow::cancelTouchOn(const UIView& view) {
     if (touched() && touched()->isDescendantOf(view)) touchCancel();
+}
+
+void UIWindow::endUseOf(const UIView& view) {
+    if (firstResponder_ && firstResponder_->isDescendantOf(view)) setFirstResponder(nullptr);
     dropAlertsOf(view);
 }
 

@@ -35,10 +35,11 @@ public:
     // MARK: touches
 
     /// One finger: each returns the view that takes the touch, or null where an alert is up
-    /// or nothing is hit. A second touch before the first has ended cancels the first.
-    UIView* touchDown(CGPoint point);
+    /// or nothing is hit; what the touch does may have removed it by then. A second touch before
+    /// the first has ended cancels the first.
+    std::shared_ptr<UIView> touchDown(CGPoint point);
     void touchMoved(CGPoint point);
-    UIView* touchUp(CGPoint point);
+    std::shared_ptr<UIView> touchUp(CGPoint point);
     void touchCancel();
     /// Whether a finger in the middle of what is seen of a view reaches it or one within.
     bool canReach(const UIView& view);
@@ -70,9 +71,9 @@ public:
 
     // MARK: screens
 
-    /// The screen below all others.
-    UIViewController* rootViewController() const { return root_.get(); }
-    void setRootViewController(std::shared_ptr<UIViewController> controller);
+    /// The screen below all others, or null. Whoever made it holds it.
+    std::shared_ptr<UIViewController> rootViewController() const { return root_.lock(); }
+    void setRootViewController(UIViewController& controller);
     /// Tells the root screen that it appears.
     void makeKeyAndVisible();
 
@@ -81,14 +82,20 @@ public:
     /// What the keyboard writes to, or null.
     UITextInput* firstResponder() const { return firstResponder_.get(); }
     /// Gives the focus, or with null takes it away; the keyboard follows. The one that had it
-    /// is told first.
+    /// is told first, and one that it moves on to takes the place of this one.
     void setFirstResponder(UITextInput* input);
 
-    /// For a view that is about to leave the window with all under it.
+    /// Ends what a person does with a view and all under it: a touch, typing and alerts.
     void viewWillLeave(UIView& view);
+    /// Ends typing and alerts for one that has left, unless it is back by now.
+    void viewDidLeave(const UIView& view);
+    /// Ends a touch on a view or one under it.
+    void cancelTouchOn(const UIView& view);
 
 private:
-    void beginTouch(UIView& hit, CGPoint point);
+    std::shared_ptr<UIView> beginTouch(UIView& hit, CGPoint point);
+    void showKeyboard(bool shown);
+    void endUseOf(const UIView& view);
 
     std::vector<UIAlert> alerts_;
     unsigned alertNumber_ = 0;
@@ -96,7 +103,9 @@ private:
     // The touched view and all above it: any of them may be removed by what the touch does.
     std::vector<std::shared_ptr<UIView>> path_;
     std::shared_ptr<UITextInput> firstResponder_;
-    std::shared_ptr<UIViewController> root_;
+    bool hasBegun_ = false;  // whether the first responder has been told so
+    bool hasKeyboard_ = false;
+    std::weak_ptr<UIViewController> root_;
 };
 
 }  // namespace gexlo

@@ -150,6 +150,7 @@ void GXCellView::setFontColor(UIColor color) {
 }
 
 void GXCellView::setRoom(const std::string& room) {
+    room_ = room;
     labelRoom_.setText(room);
     labelRoom_.setBackgroundColor(room.empty() ? UIColor::clearColor() : kRoomBackground);
 }

@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "platform/foundation/notification_center.h"
@@ -67,7 +68,7 @@ public:
     State state() const { return state_; }
     GXLessonData* lesson() const { return lesson_; }
     GXDayNPeriodData* dayNPeriod() const { return dayNPeriod_; }
-    const std::string& room() const { return labelRoom_.text(); }
+    const std::string& room() const { return room_; }
 
     /// The timetable's setting: 5, 10 or 15; any other counts as 10.
     void setSubjectTextSize(NSInteger setting);
@@ -127,6 +128,7 @@ private:
     bool hiddenCell_ = false;
     State state_ = State::normal;
     bool mayBeMasked_ = false;
+    std::string room_;
 
     // From bottom to top.
     UILabel& labelSubject_;

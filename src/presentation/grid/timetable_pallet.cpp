@@ -254,8 +254,8 @@ void GXTimetablePallet::bottomViewOpened() {
 
 void GXTimetablePallet::bottomViewClosed() {
     if (!grid_.daysOnLeft) {
-        return UIView::animateWithDuration(kContentDuration,
-                                           [&] { setSubContentHeight(grid_.tableHeight - 1); });
+        return subScrollView_->animateWithDuration(
+            kContentDuration, [&] { setSubContentHeight(grid_.tableHeight - 1); });
     }
     mainScrollView_->setPagingEnabled(true);
     const double height = grid_.mainContentSize().height;
@@ -263,10 +263,10 @@ void GXTimetablePallet::bottomViewClosed() {
         scroll->setContentOffset_animated({scroll->contentOffset().x, y}, true);
     };
     if (grid_.weeksShareAPage()) {
-        return UIView::animateWithDuration(
+        return mainScrollView_->animateWithDuration(
             kPanelDuration, [&] { setMainContentHeight(height); }, [scrollTo] { scrollTo(0); });
     }
-    UIView::animateWithDuration(kContentDuration, [&] { setMainContentHeight(height); });
+    mainScrollView_->animateWithDuration(kContentDuration, [&] { setMainContentHeight(height); });
     scrollTo(offsetAfterPanel(grid_, GXUIManager::manager().contentSmallHeight(),
                               mainScrollView_->contentOffset().y));
 }

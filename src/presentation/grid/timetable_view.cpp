@@ -48,7 +48,9 @@ void GXTimetableView::observe() {
     using Handler = std::function<void(const NSNotification&)>;
     const auto everyCell = [this](auto handle) -> Handler {
         return [this, handle](const NSNotification& notification) {
-            for (const auto& cell : classCells_)
+            // What a cell does may fill the grid anew.
+            const auto cells = classCells_;
+            for (const auto& cell : cells)
                 handle(*cell, notification);
         };
     };

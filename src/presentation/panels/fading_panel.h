@@ -26,8 +26,7 @@ protected:
         setUserInteractionEnabled(false);
         UIWindow::keyWindow().dropAlertsOf(*this);
         animateWithDuration(
-            duration, [&] { setAlpha(0); },
-            [self = shared_from_this()] { self->removeFromSuperview(); });
+            duration, [&] { setAlpha(0); }, [this] { removeFromSuperview(); });
     }
 
 private:

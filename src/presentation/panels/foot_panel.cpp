@@ -81,7 +81,7 @@ void FootPanel::clearView() {
         const auto self = std::static_pointer_cast<FootPanel>(weak.lock());
         // Opened again meanwhile, it stays.
         if (!self || self->isOpened_) return;
-        animateWithDuration(kCloseDuration, [&] { self->moveTo(closedY()); });
+        self->animateWithDuration(kCloseDuration, [&] { self->moveTo(closedY()); });
     };
     Device::current().mainQueue().after(kCloseDelay, slideOut);
 }

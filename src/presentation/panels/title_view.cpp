@@ -161,9 +161,8 @@ void GXTitleView::close() {
             setFrame({0, topSpace_ - kHeight, frame().width, kHeight});
             setAlpha(0);
         },
-        [weak = weak_from_this(), generation = ++generation_] {
-            const auto self = std::static_pointer_cast<GXTitleView>(weak.lock());
-            if (self && self->generation_ == generation) self->removeTitle();
+        [this, generation = ++generation_] {
+            if (generation_ == generation) removeTitle();
         });
 }
 
