@@ -200,8 +200,13 @@ void UITableView::showWhatIsInSight() {
 std::shared_ptr<UIView> UITableView::bring(NSIndexPath path) {
     const unsigned passes = passes_;
     const bool isHeader = path.row == kHeaderRow;
-    const auto cell = isHeader ? nullptr : newCell(path);
-    auto view = isHeader ? newHeader(path.section) : cell;
+    std::shared_ptr<UITableViewCell> cell;
+    std::shared_ptr<UIView> view;
+    // In its place from the start, even where the scroll that brings it is seen to take time.
+    animateWithDuration(0, [&] {
+        if (!isHeader) cell = newCell(path);
+        view = isHeader ? newHeader(path.section) : cell;
+    });
     if (!view || passes != passes_) return nullptr;
     insertSubview_atIndex(view, indexFor(path));
     shown_.emplace(path, view);
