@@ -1,6 +1,5 @@
 #include "hosts/drawing/view_painter.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "hosts/drawing/alert_view.h"
@@ -31,8 +30,8 @@ constexpr double kMostPixels = ImageCoder::kMostPixels;
 QImage emptyImage(CGSize size, double scale) {
     const double width = std::round(size.width * scale);
     const double height = std::round(size.height * scale);
-    // Written so that what is no number is too much.
-    if (!(std::max(width, height) <= kMostPixels) || !(width * height <= kMostPixels)) return {};
+    const auto isLength = [](double length) { return length >= 0 && length <= kMostPixels; };
+    if (!isLength(width) || !isLength(height) || width * height > kMostPixels) return {};
     QImage image(static_cast<int>(width), static_cast<int>(height),
                  QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
