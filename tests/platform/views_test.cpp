@@ -4,6 +4,7 @@
 #include "platform/foundation/notification_center.h"
 #include "platform/views/button.h"
 #include "platform/views/scroll_view.h"
+#include "platform/views/table_view.h"
 #include "platform/views/text_input.h"
 #include "platform/views/window.h"
 #include "support/phone.h"

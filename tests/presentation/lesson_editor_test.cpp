@@ -12,7 +12,7 @@ protected:
     static std::string title(const char* button) {
         const auto& room = part<UIButton>(button);
         if (room.isHidden()) return "-";
-        const std::string& image = room.backgroundImage().name;
+        const std::string& image = room.backgroundImage().name();
         const std::string mark = image.ends_with("add")        ? "+"
                                  : image.ends_with("selected") ? "!"
                                                                : "";
