@@ -49,8 +49,11 @@ protected:
         atRest();
     }
     void atRest() {
-        window.screen().synchronize();
-        runUntil([&] { return !window.screen().isAnimating(); });
+        runUntil([&] {
+            phone.advance(1);
+            window.screen().synchronize();
+            return !window.screen().isAnimating();
+        });
     }
     void drag(CGPoint from, CGPoint to) {
         mouse(QEvent::MouseButtonPress, from, time += 2000);
