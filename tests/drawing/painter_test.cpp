@@ -8,6 +8,7 @@
 #include "hosts/drawing/qt_text_measure.h"
 #include "platform/views/button.h"
 #include "platform/views/scroll_view.h"
+#include "platform/views/switch.h"
 #include "platform/views/text_input.h"
 #include "platform/views/window.h"
 #include "support/child_process.h"
@@ -117,6 +118,22 @@ TEST_F(Painter, images_stretch_between_their_caps_tile_and_take_a_tint) {
     EXPECT_EQ(inkOf(painted()), QRect(0, 0, 116, 60)) << "nothing for what is missing or hidden";
     button.setTintColor(kGreen);
     EXPECT_EQ(placeOf(painted(), Qt::green), QRect(0, 0, 80, 20));
+}
+
+TEST_F(Painter, a_switch_shows_which_way_it_is_thrown) {
+    auto& control = add<UISwitch>({10, 10, 51, 31});
+    const auto halves = [&] {
+        const QImage image = painted();
+        return std::pair{image.pixelColor(2 * 25, 2 * 25), image.pixelColor(2 * 46, 2 * 25)};
+    };
+    const auto [knob, off] = halves();
+    control.setOn(true);
+    const auto [on, knobThen] = halves();
+    EXPECT_EQ(knob, QColor(Qt::white));
+    EXPECT_EQ(knobThen, knob);
+    EXPECT_GT(on.saturation(), off.saturation());
+    control.setEnabled(false);
+    EXPECT_NE(halves().first, on);
 }
 
 TEST_F(Painter, the_driver_writes_the_screen_with_what_lies_over_it) {
