@@ -23,12 +23,13 @@ TEST_F(TrialFlow, is_played_by_lines) {
         const char* answer;
     } steps[] = {
         {R"({"cmd":"advance","seconds":1})", ""},
-        {R"({"cmd":"tap","id":"back"})", R"("hit":null)"},
-        {R"({"cmd":"select_row","id":"UITableView","section":0,"row":7777})", "true"},
+        {R"({"cmd":"tap","id":"back"})", R"("hit":"navigationBar")"},
+        {R"({"cmd":"select_row","id":"names","section":0,"row":7777})", "true"},
         {R"({"cmd":"find","class":"UITableView"})", R"("views":[])"},
         {R"({"cmd":"advance","seconds":1})", ""},
         {R"({"cmd":"find","id":"nameField"})", R"("focused":true)"},
-        {R"({"cmd":"type","text":"!"})", R"("text":"Name 7777!")"},
+        {R"({"cmd":"type","text":"!"})", "true"},
+        {R"({"cmd":"find","id":"nameField"})", R"("text":"Name 7777!")"},
         {R"({"cmd":"tap","id":"timeButton"})", R"("hit":"timeButton")"},
         {R"({"cmd":"find","id":"back"})", R"("text":"Name")"},
         {R"({"cmd":"set","id":"picker","component":0,"row":8})", "true"},

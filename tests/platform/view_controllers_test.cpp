@@ -66,6 +66,7 @@ TEST_F(ViewControllers, one_that_is_presented_lies_over_all_and_goes_with_its_ho
     EXPECT_EQ(window.hitTest({5, 5}), top->view().get());
     EXPECT_EQ(takeTold(0.39), "");
     EXPECT_EQ(takeTold(0.02), "T! R. done");
+    EXPECT_TRUE(root->view()->isHidden());
 
     root->presentViewController_animated_completion(screen("X"), true, tells("done"));
     EXPECT_EQ(takeTold(1), "") << "who presents already presents no other";

@@ -70,8 +70,9 @@ public:
 
 private:
     void save() {
-        UIAlert alert{.title = "Save?",
-                      .buttons = {{"No", UIAlert::Button::Style::cancel}, {"Yes"}}};
+        UIAlert alert;
+        alert.title = "Save?";
+        alert.buttons = {{"No", UIAlert::Button::Style::cancel}, {"Yes"}};
         alert.dismissed = [this](std::size_t button, const auto&) {
             if (button == 0) return;
             saved_(field_->text());
@@ -94,6 +95,7 @@ public:
         setLeftBarButtonItem(
             UIBarButtonItem{"Close", [this] { dismissViewControllerAnimated_completion(true); }});
         table_ = &view()->add<UITableView>(CGRect{});
+        table_->setAccessibilityIdentifier("names");
         const auto self = std::static_pointer_cast<TrialList>(shared_from_this());
         table_->setDataSource(self);
         table_->setDelegate(self);

@@ -89,6 +89,7 @@ void UIViewController::presentViewController_animated_completion(
     controller->setViewFrame(place);
     const Transition going = beginAppearance(false, animated);
     const Transition coming = controller->beginAppearance(true, animated);
+    controller->view()->setHidden(false);
     controller->view()->setFrame(place.offsetBy({0, place.height}));
     window->addSubview(controller->view());
     animate(
@@ -96,7 +97,8 @@ void UIViewController::presentViewController_animated_completion(
         [&] { controller->view()->setFrame(place); },
         [going, coming, animated, completion = std::move(completion)] {
             endAppearance(coming, animated);
-            endAppearance(going, animated);
+            // What is covered is neither painted nor found.
+            if (endAppearance(going, animated)) going.controller->view()->setHidden(true);
             if (completion) completion();
         });
 }
@@ -121,6 +123,7 @@ void UIViewController::dismissPresented(bool animated, Completion completion) {
     if (UIWindow* window = view->window()) window->viewWillLeave(*view);
     const Transition going = topmost->beginAppearance(false, animated);
     const Transition coming = beginAppearance(true, animated);
+    this->view()->setHidden(false);
     animate(
         *view, animated, kPresentationDuration,
         [&] {
