@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QInputMethod>
+#include <QPointer>
 #include <QQmlEngine>
 #include <QQuickWindow>
 #include <QStyleHints>
@@ -66,7 +67,10 @@ ScreenItem::ScreenItem(QQmlEngine& engine, ViewPainter& painter)
     phone_->setSize({size.width, size.height});
     phone_->setTransformOrigin(QQuickItem::TopLeft);
     phone_->setClip(true);
-    Device::current().mainQueue().atEndOfTurn([this] { scheduleSynchronization(); });
+    // The window may go before the device.
+    Device::current().mainQueue().atEndOfTurn([self = QPointer(this)] {
+        if (self) self->scheduleSynchronization();
+    });
 }
 
 ScreenItem::~ScreenItem() = default;
