@@ -11,6 +11,7 @@
 
 #include "hosts/desktop/alert_layer.h"
 #include "platform/foundation/device.h"
+#include "platform/views/picker_wheel.h"
 #include "platform/views/text_input.h"
 #include "platform/views/window.h"
 
@@ -37,9 +38,19 @@ void press(UIView& view) {
     });
 }
 
+/// Turns a wheel to a row, where a finger could.
+void step(UIView& view, int row) {
+    turn([&] {
+        UIWindow* window = view.window();
+        auto* wheel = dynamic_cast<UIPickerWheel*>(&view);
+        if (wheel && window && window->canReach(view)) wheel->turnToRow(row);
+    });
+}
+
 ViewMirror::Actions actions() {
     return {
         .press = press,
+        .step = step,
         .text = {.focus =
                      [](UITextInput& input) {
                          if (!input.isFirstResponder()) press(input);
@@ -67,9 +78,9 @@ ScreenItem::ScreenItem(QQmlEngine& engine, ViewPainter& painter)
     phone_->setSize({size.width, size.height});
     phone_->setTransformOrigin(QQuickItem::TopLeft);
     phone_->setClip(true);
-    // The window may go before the device.
-    Device::current().mainQueue().atEndOfTurn([self = QPointer(this)] {
-        if (self) self->scheduleSynchronization();
+    // The device may outlive the window.
+    Device::current().mainQueue().atEndOfTurn([screen = QPointer(this)] {
+        if (screen) screen->scheduleSynchronization();
     });
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace gexlo {
 
@@ -37,6 +38,14 @@ double carried(double offset, double start, double speed, double page) {
     return (std::round(start / page) + (speed > 0 ? 1 : -1)) * page;
 }
 
+/// Takes what a mouse wheel has turned, in full steps where a view rests only at those: one a
+/// notch, and a touchpad's many small turns add up to one.
+double takeTurned(double& turned, double step) {
+    if (std::abs(turned) < step) return 0;
+    const double way = std::exchange(turned, 0);
+    return step > 0 ? std::trunc(way / step) * step : way;
+}
+
 }  // namespace
 
 Scroller::Scroller(std::function<void(const std::function<void()>&)> turn)
@@ -46,6 +55,7 @@ Scroller::Scroller(std::function<void(const std::function<void()>&)> turn)
         const QPointF offset = value.toPointF();
         glideOn({offset.x(), offset.y()});
     });
+    connect(&glide_, &QVariantAnimation::finished, this, [this] { rest(); });
 }
 
 std::shared_ptr<UIScrollView> Scroller::scrollViewFor(UIView* view, QPointF distance) {
@@ -61,6 +71,7 @@ std::shared_ptr<UIScrollView> Scroller::scrollViewFor(UIView* view, QPointF dist
 }
 
 void Scroller::begin(std::shared_ptr<UIScrollView> view, QPointF point, qint64 milliseconds) {
+    if (view != view_) endGlide();
     glide_.stop();
     view_ = std::move(view);
     dragging_ = true;
@@ -121,12 +132,25 @@ void Scroller::comeToRest(QPointF fast) {
 
 void Scroller::glideTo(CGPoint offset, int milliseconds) {
     const CGPoint from = view_->contentOffset();
-    if (from == offset) return;
+    if (from == offset) return rest();
     glided_ = from;
     glide_.setDuration(milliseconds);
     glide_.setStartValue(QPointF(from.x, from.y));
     glide_.setEndValue(QPointF(offset.x, offset.y));
     glide_.start();
+}
+
+/// What another scroll cuts short comes to rest at once, and not halfway between two steps.
+void Scroller::endGlide() {
+    if (!isGliding()) return;
+    glide_.stop();
+    setOffset(view_->restingOffset(view_->contentOffset()));
+    rest();
+}
+
+void Scroller::rest() {
+    const auto view = view_;
+    turn_([&] { view->didComeToRest(); });
 }
 
 /// A scroll by the program ends the glide; content that has become shorter has a nearer end.
@@ -143,11 +167,16 @@ void Scroller::glideOn(CGPoint offset) {
 }
 
 void Scroller::scrollBy(const std::shared_ptr<UIScrollView>& view, QPointF distance) {
-    glide_.stop();
+    endGlide();
+    if (view != view_) wheel_ = {};
     view_ = view;
     dragging_ = false;
+    wheel_ += distance;
+    const CGSize step = view->restingStep();
+    const QPointF way(takeTurned(wheel_.rx(), step.width), takeTurned(wheel_.ry(), step.height));
+    if (way.isNull()) return;
     const CGPoint from = view->contentOffset();
-    turn_([&] { view->dragTo({from.x + distance.x(), from.y + distance.y()}); });
+    turn_([&] { view->dragTo({from.x + way.x(), from.y + way.y()}); });
 }
 
 }  // namespace gexlo

@@ -42,6 +42,8 @@ private:
     QPointF speed(qint64 now) const;
     void comeToRest(QPointF fast);
     void glideTo(CGPoint offset, int milliseconds);
+    void endGlide();
+    void rest();
     void glideOn(CGPoint offset);
     void setOffset(CGPoint offset);
 
@@ -53,6 +55,7 @@ private:
     std::deque<Sample> samples_;
     QVariantAnimation glide_;
     CGPoint glided_;  // the offset that the glide has set last
+    QPointF wheel_;   // what a mouse wheel has turned since the last step
 };
 
 }  // namespace gexlo

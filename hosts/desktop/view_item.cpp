@@ -1,5 +1,6 @@
 #include "hosts/desktop/view_item.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QQuickWindow>
 #include <QSGImageNode>
@@ -78,12 +79,15 @@ void ViewItem::hideLooks() {
     update();
 }
 
-void ViewItem::setSpoken(int role, const QString& name, bool isOn) {
-    if (role == spokenRole_ && name == spokenName_ && isOn == isOn_) return;
-    spokenRole_ = role;
-    spokenName_ = name;
-    isOn_ = isOn;
+void ViewItem::setSpoken(Spoken spoken) {
+    if (spoken == spoken_) return;
+    spoken_ = std::move(spoken);
     Q_EMIT spokenChanged();
+}
+
+void ViewItem::stepTo(int step) {
+    const bool isThere = step >= firstStep() && step <= lastStep();
+    if (isThere && step != spoken_.step) Q_EMIT stepped(step);
 }
 
 QSGNode* ViewItem::updatePaintNode(QSGNode* former, UpdatePaintNodeData*) {
@@ -109,7 +113,12 @@ QSGNode* ViewItem::updatePaintNode(QSGNode* former, UpdatePaintNodeData*) {
 }
 
 void ViewItem::keyPressEvent(QKeyEvent* event) {
+    const bool steps = spoken_.role == QAccessible::SpinBox;
     switch (event->key()) {
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+            if (!steps) break;
+            return stepTo(spoken_.step + (event->key() == Qt::Key_Down ? 1 : -1));
         case Qt::Key_Space:
         case Qt::Key_Return:
         case Qt::Key_Enter:
@@ -117,8 +126,9 @@ void ViewItem::keyPressEvent(QKeyEvent* event) {
             if (!event->isAutoRepeat()) Q_EMIT pressed();
             return;
         default:
-            QQuickItem::keyPressEvent(event);
+            break;
     }
+    QQuickItem::keyPressEvent(event);
 }
 
 }  // namespace gexlo

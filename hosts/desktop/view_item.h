@@ -20,6 +20,10 @@ class ViewItem : public QQuickItem {
     Q_PROPERTY(int spokenRole READ spokenRole NOTIFY spokenChanged)
     Q_PROPERTY(QString spokenName READ spokenName NOTIFY spokenChanged)
     Q_PROPERTY(bool isOn READ isOn NOTIFY spokenChanged)
+    // Under the names by which assistive technology knows them.
+    Q_PROPERTY(int value READ step WRITE stepTo NOTIFY spokenChanged)
+    Q_PROPERTY(int minimumValue READ firstStep CONSTANT)
+    Q_PROPERTY(int maximumValue READ lastStep NOTIFY spokenChanged)
 
 public:
     explicit ViewItem(QQuickItem* parent = nullptr);
@@ -30,16 +34,31 @@ public:
     /// Takes over the looks of a view at a moment, painted at that many pixels a point.
     void show(const UIView& view, ViewPainter& painter, double scale, NSDate moment);
     void hideLooks();
-    /// What assistive technology hears of it; the role is one of `QAccessible::Role`.
-    void setSpoken(int role, const QString& name, bool isOn);
-    int spokenRole() const { return spokenRole_; }
-    QString spokenName() const { return spokenName_; }
-    bool isOn() const { return isOn_; }
+    /// What assistive technology hears of it.
+    struct Spoken {
+        int role = 0;  // one of `QAccessible::Role`
+        QString name;
+        bool isOn = false;
+        int step = 0;  // of a spin box
+        int lastStep = 0;
+        bool operator==(const Spoken&) const = default;
+    };
+    void setSpoken(Spoken spoken);
+    int spokenRole() const { return spoken_.role; }
+    QString spokenName() const { return spoken_.name; }
+    bool isOn() const { return spoken_.isOn; }
+    int step() const { return spoken_.step; }
+    static int firstStep() { return 0; }
+    int lastStep() const { return spoken_.lastStep; }
+    /// Asks for another step; nothing for one that is none.
+    void stepTo(int step);
 
 Q_SIGNALS:
     void spokenChanged();
     /// Pressed by the keyboard, or by assistive technology.
     void pressed();
+    /// Another step was asked for in the same way.
+    void stepped(int step);
 
 protected:
     QSGNode* updatePaintNode(QSGNode* former, UpdatePaintNodeData*) override;
@@ -51,9 +70,7 @@ private:
     QColor color_;
     QImage picture_;
     bool pictureChanged_ = false;
-    int spokenRole_ = 0;
-    QString spokenName_;
-    bool isOn_ = false;
+    Spoken spoken_;
 };
 
 }  // namespace gexlo

@@ -180,6 +180,10 @@ std::unique_ptr<ViewMirror::Node> ViewMirror::newNode(UIView& view, QQuickItem& 
             QObject::connect(node->viewItem(), &ViewItem::pressed, node->item, [this, viewOf] {
                 if (const auto held = viewOf()) actions_.press(*held);
             });
+            QObject::connect(node->viewItem(), &ViewItem::stepped, node->item,
+                             [this, viewOf](int step) {
+                                 if (const auto held = viewOf()) actions_.step(*held, step);
+                             });
             break;
         case Item::textField:
         case Item::textView:
@@ -264,7 +268,11 @@ void ViewMirror::speakFor(const UIView& view, Node& node) {
     if (node.kind != ViewTraits::Item::touchable) return;
     const ViewTraits traits = traitsOf(view);
     node.item->setEnabled(traits.isEnabled);
-    node.viewItem()->setSpoken(QAccessible::Button, spokenNameWithin(view), traits.isOn);
+    node.viewItem()->setSpoken({.role = traits.role,
+                                .name = spokenNameWithin(view),
+                                .isOn = traits.isOn,
+                                .step = traits.step,
+                                .lastStep = traits.lastStep});
 }
 
 void ViewMirror::showText(UITextInput& input, Node& node) {

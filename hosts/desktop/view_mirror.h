@@ -22,6 +22,7 @@ public:
     /// What a person does through an item rather than by touching the screen.
     struct Actions {
         std::function<void(UIView&)> press;
+        std::function<void(UIView&, int)> step;
         TextActions text;
     };
 

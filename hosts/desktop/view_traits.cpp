@@ -1,7 +1,9 @@
 #include "hosts/desktop/view_traits.h"
 
 #include "platform/views/button.h"
+#include "platform/views/date_picker.h"
 #include "platform/views/slider.h"
+#include "platform/views/switch.h"
 #include "platform/views/table_view.h"
 #include "platform/views/text_input.h"
 
@@ -28,6 +30,21 @@ public:
         addControl(button, Item::touchable);
     }
     void visit(const UISlider& slider) override { addControl(slider, Item::touchable); }
+    void visit(const UISwitch& control) override {
+        addControl(control, Item::touchable);
+        traits.role = QAccessible::CheckBox;
+        traits.isOn = control.isOn();
+    }
+    void visit(const UIPickerView&) override {}
+    void visit(const UIPickerWheel& wheel) override {
+        traits.item = Item::touchable;
+        traits.scrolls = true;
+        traits.role = QAccessible::SpinBox;
+        traits.text = wheel.selectedTitle();
+        traits.step = static_cast<int>(wheel.selectedRow());
+        traits.lastStep = static_cast<int>(wheel.numberOfRows()) - 1;
+    }
+    void visit(const UIDatePicker&) override {}
     // What is typed is the item's to speak.
     void visit(const UITextField& field) override { addControl(field, Item::textField); }
     void visit(const UITextView& view) override { addControl(view, Item::textView); }

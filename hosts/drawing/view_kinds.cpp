@@ -10,6 +10,7 @@
 #include "platform/views/button.h"
 #include "platform/views/image_view.h"
 #include "platform/views/slider.h"
+#include "platform/views/switch.h"
 #include "platform/views/table_view.h"
 #include "platform/views/text_input.h"
 
@@ -19,6 +20,8 @@ namespace {
 
 constexpr UIColor kPlaceholderColor = UIColor::colorWithWhite(0.78F);
 constexpr UIColor kTrackColor = UIColor::colorWithWhite(0.72F);
+constexpr UIColor kOnColor = UIColor::colorWithRed_green_blue(0.2F, 0.78F, 0.35F);
+constexpr UIColor kOffColor = UIColor::colorWithWhite(0.88F);
 constexpr UIColor kAccentColor = UIColor::colorWithRed_green_blue(0, 0.48F, 1);
 /// Seen on black as on white.
 constexpr UIColor kPressedColor = UIColor::colorWithWhite(0.4F, 0.35F);
@@ -121,6 +124,22 @@ void drawSlider(Canvas& canvas, const UISlider& slider, const CGRect& frame) {
     canvas.border(disc(knob, kKnob), 0.5, kTrackColor, kKnob / 2);
 }
 
+/// A pill with a knob at one of its ends.
+void drawSwitch(Canvas& canvas, const UISwitch& control, const CGRect& frame) {
+    static constexpr double kEdge = 1.5;
+    static constexpr float kDimmed = 0.4F;
+    const CGRect pill = centered(UISwitch::kSize, frame);
+    const double knob = pill.height - 2 * kEdge;
+    const double way = control.isOn() ? pill.width - knob - 2 * kEdge : 0;
+    const CGPoint center{pill.x + kEdge + knob / 2 + way, pill.center().y};
+    const float alpha = control.isEnabled() ? 1 : kDimmed;
+    const UIColor track = (control.isOn() ? kOnColor : kOffColor).colorWithAlphaComponent(alpha);
+    canvas.fill(pill, track, pill.height / 2);
+    canvas.fill(disc(center, knob), UIColor::whiteColor(), knob / 2);
+    canvas.border(disc(center, knob), 0.5, kTrackColor.colorWithAlphaComponent(alpha), knob / 2);
+    if (control.isHighlighted()) canvas.fill(pill, kPressedColor, pill.height / 2);
+}
+
 /// Spokes that fade around the middle, as far as they have come in a picture that stands.
 void drawActivityIndicator(Canvas& canvas, const UIActivityIndicatorView& view,
                            const CGRect& frame) {
@@ -201,6 +220,11 @@ public:
             use<UIButton, drawButton>();
     }
     void visit(const UISlider&) override { use<UISlider, drawSlider>(); }
+    void visit(const UISwitch&) override { use<UISwitch, drawSwitch>(); }
+    // Made of rows and lines.
+    void visit(const UIPickerView&) override {}
+    void visit(const UIPickerWheel&) override {}
+    void visit(const UIDatePicker&) override {}
     void visit(const UITextField&) override { use<UITextField, drawTextField>(); }
     void visit(const UITextView&) override { use<UITextView, drawTextView>(); }
 

@@ -57,11 +57,14 @@ std::optional<std::size_t> optionalIndex(const json& fields, const char* name) {
     return value ? std::optional(asIndex(*value, name)) : std::nullopt;
 }
 
+bool flagField(const json& fields, const char* name) {
+    const json& value = need(fields, name);
+    if (!value.is_boolean()) refuse(name, "true or false");
+    return value.get<bool>();
+}
+
 bool flagField(const json& fields, const char* name, bool whenMissing) {
-    const json* value = find(fields, name);
-    if (!value) return whenMissing;
-    if (!value->is_boolean()) refuse(name, "true or false");
-    return value->get<bool>();
+    return find(fields, name) ? flagField(fields, name) : whenMissing;
 }
 
 }  // namespace gexlo

@@ -48,6 +48,7 @@ std::size_t indexField(const nlohmann::json& fields, const char* name);
 std::string textField(const nlohmann::json& fields, const char* name);
 std::optional<std::string> optionalText(const nlohmann::json& fields, const char* name);
 std::optional<std::size_t> optionalIndex(const nlohmann::json& fields, const char* name);
+bool flagField(const nlohmann::json& fields, const char* name);
 bool flagField(const nlohmann::json& fields, const char* name, bool whenMissing);
 
 }  // namespace gexlo

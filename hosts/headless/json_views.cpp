@@ -4,8 +4,10 @@
 
 #include "hosts/headless/view_search.h"
 #include "platform/views/button.h"
+#include "platform/views/date_picker.h"
 #include "platform/views/image_view.h"
 #include "platform/views/slider.h"
+#include "platform/views/switch.h"
 #include "platform/views/table_view.h"
 #include "platform/views/text_input.h"
 
@@ -34,6 +36,11 @@ json jsonFromFont(const UIFont& font) {
 const char* nameOf(NSTextAlignment alignment) {
     static constexpr const char* kNames[] = {"left", "center", "right"};
     return kNames[static_cast<std::size_t>(alignment)];
+}
+
+const char* nameOf(UIDatePickerMode mode) {
+    static constexpr const char* kNames[] = {"time", "date", "dateAndTime"};
+    return kNames[static_cast<std::size_t>(mode)];
 }
 
 template <typename Texted>
@@ -100,6 +107,24 @@ public:
         result_["value"] = slider.value();
         visit(static_cast<const UIControl&>(slider));
     }
+    void visit(const UISwitch& control) override {
+        result_["value"] = control.isOn();
+        visit(static_cast<const UIControl&>(control));
+    }
+    void visit(const UIPickerView& picker) override {
+        result_["value"] = json::array();
+        for (NSInteger i = 0; i < picker.numberOfComponents(); ++i)
+            result_["value"].push_back(jsonFromSelection(*picker.wheel(i)));
+    }
+    void visit(const UIPickerWheel& wheel) override {
+        result_["value"] = jsonFromSelection(wheel);
+        visit(static_cast<const UIScrollView&>(wheel));
+    }
+    void visit(const UIDatePicker& picker) override {
+        result_["value"] = picker.date().timeIntervalSince1970();
+        result_["mode"] = nameOf(picker.datePickerMode());
+        visit(static_cast<const UIControl&>(picker));
+    }
     void visit(const UITextField& field) override {
         addInput(field);
         if (field.isSecureTextEntry()) result_["secure"] = true;
@@ -134,6 +159,11 @@ json treeOf(UIView& view, bool all) {
 }
 
 }  // namespace
+
+json jsonFromSelection(const UIPickerWheel& wheel) {
+    const NSInteger row = wheel.selectedRow();
+    return row == UIPickerWheel::kNoRow ? json() : json(row);
+}
 
 json jsonFromView(UIView& view) {
     json result{{"class", view.className()}, {"frame", jsonFromRect(view.frameInWindow())}};

@@ -3,6 +3,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "platform/views/picker_wheel.h"
 #include "platform/views/view.h"
 
 namespace gexlo {
@@ -11,5 +12,8 @@ namespace gexlo {
 nlohmann::json jsonFromView(UIView& view);
 /// A view with all under it, those that cannot be seen only if asked for.
 nlohmann::json jsonFromTree(UIView& view, bool all);
+
+/// The row that is chosen; null where there are none.
+nlohmann::json jsonFromSelection(const UIPickerWheel& wheel);
 
 }  // namespace gexlo

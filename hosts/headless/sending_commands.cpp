@@ -53,8 +53,7 @@ json composer(const DriverContext& context, const json& fields) {
 }
 
 json setCanSendMail(const DriverContext& context, const json& fields) {
-    if (!fields.contains("value")) throw CommandError("\"value\" is missing");
-    outboxOf(context).setCanSendMail(flagField(fields, "value", false));
+    outboxOf(context).setCanSendMail(flagField(fields, "value"));
     return nothing();
 }
 

@@ -1,7 +1,9 @@
 // Rows of tables: reading them, and what a person does with them.
 #include "hosts/headless/driver_command.h"
 #include "hosts/headless/driver_context.h"
+#include "hosts/headless/json_views.h"
 #include "hosts/headless/view_search.h"
+#include "platform/views/date_picker.h"
 #include "platform/views/table_view.h"
 
 namespace gexlo {
@@ -34,9 +36,26 @@ json jsonFromRow(UITableView& table, NSIndexPath path) {
     return {{"texts", std::move(texts)}, {isChecked ? "checked" : "accessory", true}};
 }
 
+json componentsOf(const UIPickerView& picker) {
+    json components = json::array();
+    for (NSInteger i = 0; i < picker.numberOfComponents(); ++i) {
+        const UIPickerWheel& wheel = *picker.wheel(i);
+        json titles = json::array();
+        for (NSInteger row = 0; row < wheel.numberOfRows(); ++row)
+            titles.push_back(wheel.titleForRow(row));
+        components.push_back(
+            {{"titles", std::move(titles)}, {"selected", jsonFromSelection(wheel)}});
+    }
+    return {{"components", std::move(components)}};
+}
+
 json rows(const DriverContext& context, const json& fields) {
     ViewSearch search(context, fields);
-    auto& table = search.theViewOf<UITableView>("is no table");
+    UIView& view = search.theView();
+    if (const auto* picker = dynamic_cast<UIPickerView*>(&view)) return componentsOf(*picker);
+    if (const auto* dates = dynamic_cast<UIDatePicker*>(&view))
+        return componentsOf(dates->wheels());
+    auto& table = search.theViewOf<UITableView>("is no table and no picker");
     json sections = json::array();
     for (NSInteger section = 0; section < table.numberOfSections(); ++section) {
         json list = json::array();

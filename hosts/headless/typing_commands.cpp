@@ -4,8 +4,11 @@
 #include "hosts/headless/driver_command.h"
 #include "hosts/headless/driver_context.h"
 #include "hosts/headless/view_search.h"
+#include "platform/foundation/calendar.h"
 #include "platform/foundation/utf8.h"
+#include "platform/views/date_picker.h"
 #include "platform/views/slider.h"
+#include "platform/views/switch.h"
 #include "platform/views/text_input.h"
 
 namespace gexlo {
@@ -109,7 +112,8 @@ class ValueReader final : public MutableViewVisitor {
 public:
     explicit ValueReader(const json& fields) : fields_(fields) {}
 
-    UIControl* control = nullptr;
+    bool isEnabled = true;
+    /// As a finger does, with all whom it tells.
     std::function<void()> change;
     /// What the control holds, for the answer.
     std::function<json()> held;
@@ -125,14 +129,56 @@ public:
     void visit(UIButton&) override { refuse(); }
     void visit(UISlider& slider) override {
         const auto value = static_cast<float>(numberField(fields_, "value"));
-        control = &slider;
-        change = [&slider, value] { slider.setValue(value); };
+        isEnabled = slider.isEnabled();
+        change = [&slider, value] {
+            slider.setValue(value);
+            slider.sendActions(UIControlEvent::valueChanged);
+        };
         held = [&slider] { return slider.value(); };
+    }
+    void visit(UISwitch& control) override {
+        const bool value = flagField(fields_, "value");
+        isEnabled = control.isEnabled();
+        change = [&control, value] { control.throwTo(value); };
+        held = [&control] { return control.isOn(); };
+    }
+    void visit(UIPickerView& picker) override {
+        const NSInteger component = numberOf("component");
+        UIPickerWheel* wheel = picker.wheel(component);
+        if (!wheel) throw CommandError("there is no such wheel");
+        visit(*wheel);
+        // Whoever is told may take the wheel off.
+        held = [&picker, component] { return picker.selectedRowInComponent(component); };
+    }
+    void visit(UIPickerWheel& wheel) override {
+        const NSInteger row = numberOf("row");
+        if (row >= wheel.numberOfRows()) throw CommandError("there is no such row");
+        change = [&wheel, row] { wheel.turnToRow(row); };
+        held = [&wheel] { return wheel.selectedRow(); };
+    }
+    void visit(UIDatePicker& picker) override {
+        const std::string text = textField(fields_, "value");
+        const auto date = dateFor(text, picker);
+        if (!date) throw CommandError("\"value\" is no local time");
+        isEnabled = picker.isEnabled();
+        change = [&picker, date] { picker.turnToDate(*date); };
+        held = [&picker] { return picker.date().timeIntervalSince1970(); };
     }
     void visit(UITextField&) override { refuse(); }
     void visit(UITextView&) override { refuse(); }
 
 private:
+    NSInteger numberOf(const char* field) const {
+        return static_cast<NSInteger>(indexField(fields_, field));
+    }
+    /// A time of day is one of the day that the picker holds.
+    static std::optional<NSDate> dateFor(const std::string& text, const UIDatePicker& picker) {
+        const NSCalendar calendar = NSCalendar::currentCalendar();
+        constexpr std::string_view kTimeOnly = "HH:MM";
+        const bool isTime = picker.datePickerMode() == UIDatePickerMode::time;
+        if (!isTime || text.size() != kTimeOnly.size()) return dateFromLocalTime(text, calendar);
+        return dateFromLocalTime("2000-01-01T" + text + ":00", calendar);
+    }
     [[noreturn]] static void refuse() { throw CommandError("that view has no value to set"); }
     const json& fields_;
 };
@@ -142,14 +188,13 @@ json set(const DriverContext& context, const json& fields) {
     ViewSearch search(context, fields);
     ValueReader refuser(fields);
     search.theView().accept(refuser);
-    if (!refuser.control->isEnabled()) throw CommandError("that view is disabled");
+    if (!refuser.isEnabled) throw CommandError("that view is disabled");
     search.bringWithinReach();
     ValueReader reader(fields);
-    search.theView().accept(reader);
-    context.device.perform([&] {
-        reader.change();
-        reader.control->sendActions(UIControlEvent::valueChanged);
-    });
+    UIView& view = search.theView();
+    const auto held = view.shared_from_this();
+    view.accept(reader);
+    context.device.perform(reader.change);
     return {{"value", reader.held()}};
 }
 

@@ -53,6 +53,10 @@ public:
         if (!button.title().empty()) text = button.title();
     }
     void visit(const UISlider&) override {}
+    void visit(const UISwitch&) override {}
+    void visit(const UIPickerView&) override {}
+    void visit(const UIPickerWheel&) override {}
+    void visit(const UIDatePicker&) override {}
     void visit(const UITextField& field) override { text = field.text(); }
     void visit(const UITextView& view) override { text = view.text(); }
 };

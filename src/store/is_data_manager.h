@@ -45,8 +45,8 @@ public:
         return typed<T>(dataListWithEntityName(T::entity.name));
     }
     template <typename T>
-    T* firstData(NSPredicate predicate) {
-        const auto list = dataListWithEntityName_andPredicate(T::entity.name, std::move(predicate));
+    T* firstData(const NSPredicate& predicate) {
+        const auto list = dataListWithEntityName_andPredicate(T::entity.name, predicate);
         return list.empty() ? nullptr : static_cast<T*>(list.front());
     }
 

@@ -25,10 +25,6 @@ protected:
         showActive();
     }
 
-    void atRest() {
-        window.screen().synchronize();
-        runUntil([&] { return !window.screen().isAnimating(); });
-    }
     template <typename View = UIView>
     View& add(CGRect frame, UIColor color = {}) {
         View& view = UIWindow::keyWindow().add<View>(frame);

@@ -48,30 +48,6 @@ protected:
         showActive();
         atRest();
     }
-    void atRest() {
-        runUntil([&] {
-            phone.advance(1);
-            window.screen().synchronize();
-            return !window.screen().isAnimating();
-        });
-    }
-    void drag(CGPoint from, CGPoint to) {
-        mouse(QEvent::MouseButtonPress, from, time += 2000);
-        constexpr int kSteps = 10;
-        for (int i = 1; i <= kSteps; ++i) {
-            const double part = static_cast<double>(i) / kSteps;
-            mouse(QEvent::MouseMove,
-                  {from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part}, time += 10);
-        }
-        // The finger has rested.
-        mouse(QEvent::MouseButtonRelease, to, time += 500);
-        atRest();
-    }
-    void click(CGPoint place) {
-        mouse(QEvent::MouseButtonPress, place, time += 2000);
-        mouse(QEvent::MouseButtonRelease, place, time += 10);
-        atRest();
-    }
     static int redPixels(const QImage& picture) {
         int count = 0;
         for (int at = 0; at < picture.width() * picture.height(); ++at) {
@@ -87,7 +63,6 @@ protected:
         return all;
     }
 
-    unsigned long time = 5000;
     std::shared_ptr<Names> names = std::make_shared<Names>();
     UITableView& table = UIWindow::keyWindow().add<UITableView>(CGRect{0, 100, 375, 400});
 };

@@ -37,6 +37,33 @@ protected:
         QCoreApplication::sendEvent(&window, &event);
     }
 
+    void atRest() {
+        runUntil([&] {
+            phone.advance(1);
+            window.screen().synchronize();
+            return !window.screen().isAnimating();
+        });
+    }
+    void drag(CGPoint from, CGPoint to) {
+        mouse(QEvent::MouseButtonPress, from, mouseTime += 2000);
+        constexpr int kSteps = 10;
+        for (int i = 1; i <= kSteps; ++i) {
+            const double part = static_cast<double>(i) / kSteps;
+            mouse(QEvent::MouseMove,
+                  {from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part},
+                  mouseTime += 10);
+        }
+        // The finger has rested.
+        mouse(QEvent::MouseButtonRelease, to, mouseTime += 500);
+        atRest();
+    }
+    void click(CGPoint place) {
+        mouse(QEvent::MouseButtonPress, place, mouseTime += 2000);
+        mouse(QEvent::MouseButtonRelease, place, mouseTime += 10);
+        atRest();
+    }
+
+    unsigned long mouseTime = 5000;  ///< milliseconds
     Phone phone;
     QQmlEngine engine;
     ViewPainter painter{GEXLO_RESOURCES "/images"};

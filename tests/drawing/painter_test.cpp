@@ -9,6 +9,7 @@
 #include "platform/views/button.h"
 #include "platform/views/scroll_view.h"
 #include "platform/views/slider.h"
+#include "platform/views/switch.h"
 #include "platform/views/text_input.h"
 #include "platform/views/window.h"
 #include "support/child_process.h"
@@ -136,6 +137,22 @@ TEST_F(Painter, controls_show_their_value_and_their_press_within_their_shape) {
     button.setHighlighted(true);
     EXPECT_NE(painted(1).pixelColor(230, 30), Qt::white);
     EXPECT_EQ(painted(1).pixelColor(201, 1), Qt::white);
+}
+
+TEST_F(Painter, a_switch_shows_which_way_it_is_thrown) {
+    auto& control = add<UISwitch>({10, 10, 51, 31});
+    const auto halves = [&] {
+        const QImage image = painted();
+        return std::pair{image.pixelColor(2 * 25, 2 * 25), image.pixelColor(2 * 46, 2 * 25)};
+    };
+    const auto [knob, off] = halves();
+    control.setOn(true);
+    const auto [on, knobThen] = halves();
+    EXPECT_EQ(knob, QColor(Qt::white));
+    EXPECT_EQ(knobThen, knob);
+    EXPECT_GT(on.saturation(), off.saturation());
+    control.setEnabled(false);
+    EXPECT_NE(halves().first, on);
 }
 
 TEST_F(Painter, the_driver_writes_the_screen_with_what_lies_over_it) {

@@ -9,8 +9,10 @@
 #include "platform/services/application.h"
 #include "platform/services/local_notification.h"
 #include "platform/views/button.h"
+#include "platform/views/date_picker.h"
 #include "platform/views/image_view.h"
 #include "platform/views/slider.h"
+#include "platform/views/switch.h"
 #include "platform/views/table_view.h"
 #include "support/grid.h"
 
@@ -81,6 +83,25 @@ private:
     void tell(const std::string& what, NSIndexPath path) {
         told += what + " " + nameOf(path) + "|";
     }
+};
+
+/// Two wheels of letters, and one without rows.
+class Letters final : public UIPickerViewDataSource, public UIPickerViewDelegate {
+public:
+    explicit Letters(std::string& told) : told_(told) {}
+    NSInteger numberOfComponents(UIPickerView&) override { return 3; }
+    NSInteger numberOfRowsInComponent(UIPickerView&, NSInteger component) override {
+        return 2 * (2 - component);
+    }
+    std::string titleForRow_forComponent(UIPickerView&, NSInteger row, NSInteger) override {
+        return {static_cast<char>('a' + row)};
+    }
+    void didSelectRow_inComponent(UIPickerView&, NSInteger row, NSInteger component) override {
+        told_ += stringWithFormat("%ld:%ld|", component, row);
+    }
+
+private:
+    std::string& told_;
 };
 
 /// A line, what its answer holds, and what the owner was told meanwhile.
@@ -225,6 +246,62 @@ TEST_F(Commands, the_keyboard_asks_the_delegate_as_a_phone_does) {
         {R"({"cmd":"type"})", "missing"},
     });
     EXPECT_EQ(field.text() + lines.text(), "x\ny\n");
+}
+
+TEST_F(Commands, switches_wheels_and_dates_are_set_as_by_a_finger) {
+    auto& control = add<UISwitch>("switch", {0, 100, 51, 31});
+    auto& picker = add<UIPickerView>("picker", {0, 140, 300, 216});
+    auto& dates = add<UIDatePicker>("dates", {0, 360, 375, 216});
+    const auto tells = [this](const char* what) { return [=, this] { owner->told += what; }; };
+    control.addAction(UIControlEvent::valueChanged, tells("thrown|"));
+    dates.addAction(UIControlEvent::valueChanged, tells("dated|"));
+    const auto letters = std::make_shared<Letters>(owner->told);
+    picker.setDataSource(letters);
+    picker.setDelegate(letters);
+    picker.reloadAllComponents();
+    const auto set = [](const std::string& rest) { return R"({"cmd":"set","id":)" + rest + "}"; };
+    // In Seoul.
+    constexpr int kMidnight = 1772377200;
+    const auto seconds = [](int hour, int minute, int days = 0) {
+        return R"("value":)" +
+               std::to_string(kMidnight + 86400 * days + 3600 * hour + 60 * minute) + ".0";
+    };
+    play({
+        {set(R"("switch","value":true)"), R"("value":true)", "thrown|"},
+        {R"({"cmd":"tap","id":"switch"})", R"("hit":"switch")", "thrown|"},
+        {R"({"cmd":"find","id":"switch"})", R"("value":false)"},
+        {set(R"("switch","value":1)"), "no true or false"},
+        {set(R"("picker","component":0,"row":3)"), R"("value":3)", "0:3|"},
+        {set(R"("picker","component":0,"row":3)"), R"("value":3)", "0:3|"},
+        {set(R"("picker","component":0,"row":4)"), "no such row"},
+        {set(R"("picker","component":2,"row":0)"), "no such row"},
+        {set(R"("picker","component":3,"row":0)"), "no such wheel"},
+        {set(R"("picker","row":0)"), R"(\"component\" is missing)"},
+        {R"({"cmd":"rows","id":"picker"})",
+         R"("components":[{"selected":3,"titles":["a","b","c","d"]},)"
+         R"({"selected":0,"titles":["a","b"]},{"selected":null,"titles":[]}])"},
+        {R"({"cmd":"tap","text":"b","within":"picker","index":1})", "component_1", "1:1|"},
+        {R"({"cmd":"find","id":"picker"})", R"("value":[3,1,null])"},
+        {R"({"cmd":"rows","id":"switch"})", "no picker"},
+        {R"({"cmd":"find","id":"dates"})", R"("mode":"dateAndTime")"},
+        {set(R"("dates","value":"2026-03-03T10:20:59")"), seconds(10, 20, 1), "dated|"},
+        {set(R"("dates","value":"10:20")"), "no local time"},
+        {set(R"("dates","value":"2026-02-30T10:20:00")"), "no local time"},
+    });
+    dates.setDatePickerMode(UIDatePickerMode::time);
+    play({
+        {set(R"("dates","value":"23:59")"), seconds(23, 59, 1), "dated|"},
+        {set(R"("dates","value":"2031-01-01T07:00:00")"), seconds(7, 0, 1), "dated|"},
+        {set(R"("dates","value":"24:00")"), "no local time"},
+        {set(R"("dates","value":"9:200")"), "no local time"},
+        {R"({"cmd":"find","id":"dates"})", R"("mode":"time")"},
+    });
+    control.setEnabled(false);
+    dates.setEnabled(false);
+    play({
+        {set(R"("switch","value":true)"), "disabled"},
+        {set(R"("dates","value":"10:20")"), "disabled"},
+    });
 }
 
 TEST_F(Commands, controls_move_as_under_a_finger) {

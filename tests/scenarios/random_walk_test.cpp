@@ -8,6 +8,7 @@
 #include "platform/views/text_input.h"
 #include "presentation/panels/bottom_menu.h"
 #include "support/grid.h"
+#include "support/trial_flow.h"
 
 namespace gexlo::test {
 
@@ -127,6 +128,37 @@ TEST_F(RandomWalk, leaves_a_sound_store_and_a_menu_that_can_be_used) {
     checkStore();
     phone.relaunch();
     checkStore();
+}
+
+TEST_F(RandomWalk, leaves_no_screen_behind) {
+    UIViewController& root = *window().rootViewController();
+    std::vector<std::weak_ptr<UIViewController>> flows;
+    std::size_t deepest = 0;
+    for (int i = 0; i < 4000 && !HasFailure(); ++i) {
+        if (!root.presentedViewController()) {
+            const auto flow = trialFlow();
+            turn([&] { root.presentViewController_animated_completion(flow, below(2) == 0); });
+            flows.push_back(flow);
+        }
+        step();
+        std::size_t depth = 0;
+        for (UIViewController* at = root.presentedViewController(); at;
+             at = at->presentedViewController()) {
+            ++depth;
+            EXPECT_EQ(at->isInSight(), !at->presentedViewController());
+            EXPECT_EQ(at->view()->window(), &window());
+        }
+        deepest = std::max(deepest, depth);
+    }
+    EXPECT_GT(deepest, 2U) << "the walk never nested its flows";
+    EXPECT_GT(flows.size(), 2U) << "the walk never left one";
+    turn([&] { root.dismissViewControllerAnimated_completion(true); });
+    phone.advance(2);
+    for (const auto& flow : flows)
+        EXPECT_TRUE(flow.expired());
+    EXPECT_TRUE(root.isInSight() && visible<UINavigationBar>().empty());
+    EXPECT_TRUE(window().alerts().empty() && !window().firstResponder());
+    EXPECT_EQ(visible<GXBottomMenu>().size(), 1U);
 }
 
 }  // namespace

@@ -7,8 +7,13 @@ ViewItem {
     Accessible.role: spokenRole
     Accessible.name: spokenName
     Accessible.selected: isOn
+    Accessible.checkable: spokenRole === Accessible.CheckBox
+    Accessible.checked: isOn
     Accessible.focusable: true
     Accessible.onPressAction: view.pressed()
+    Accessible.onToggleAction: view.pressed()
+    Accessible.onIncreaseAction: view.value += 1
+    Accessible.onDecreaseAction: view.value -= 1
 
     Rectangle {
         anchors.fill: parent

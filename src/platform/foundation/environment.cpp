@@ -77,7 +77,7 @@ std::string systemTimeZone() {
 std::filesystem::path resourceDirectory() {
     std::error_code error;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    const auto installed = program.parent_path().parent_path() / "share" / "gexlo";
+    auto installed = program.parent_path().parent_path() / "share" / "gexlo";
     if (!error && std::filesystem::exists(installed / "strings", error)) return installed;
     return GEXLO_RESOURCES;
 }

@@ -24,9 +24,7 @@ namespace detail {
 
 template <typename T>
 FormatArgument formatArgument(const T& value) {
-    if constexpr (std::is_enum_v<T>) {
-        return static_cast<NSInteger>(value);
-    } else if constexpr (std::integral<T>) {
+    if constexpr (std::is_enum_v<T> || std::integral<T>) {
         return static_cast<NSInteger>(value);
     } else if constexpr (std::floating_point<T>) {
         return static_cast<double>(value);

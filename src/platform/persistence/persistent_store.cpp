@@ -1,5 +1,6 @@
 #include "platform/persistence/persistent_store.h"
 
+#include <fmt/format.h>
 #include <sqlite3.h>
 
 #include <algorithm>
@@ -238,7 +239,7 @@ void NSPersistentStore::readLastRowKeys() {
     for (const EntityDescription& entity : model_.entities()) {
         if (!hasTable(entity)) continue;
         const std::string query =
-            std::string("SELECT max(") + kRowKeyColumn + ") FROM " + sqlName(entity.name);
+            fmt::format("SELECT max({}) FROM {}", kRowKeyColumn, sqlName(entity.name));
         NSInteger& last = lastRowKeys_[entity.index];
         // A key out of range is told when its row is read.
         last = std::clamp<NSInteger>(singleNumber(database_.get(), query), 0, kLargestInteger);

@@ -29,7 +29,7 @@ public:
     void accept(MutableViewVisitor& visitor) override { visitor.visit(*this); }
 
     bool isEnabled() const { return enabled_; }
-    void setEnabled(bool enabled) { change(enabled_, enabled); }
+    virtual void setEnabled(bool enabled) { change(enabled_, enabled); }
     bool isSelected() const { return selected_; }
     void setSelected(bool selected) { change(selected_, selected); }
     bool isHighlighted() const { return highlighted_; }

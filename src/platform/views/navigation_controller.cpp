@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/views/image_view.h"
 #include "platform/views/screen.h"
 
 namespace gexlo {
@@ -11,6 +12,18 @@ namespace {
 
 /// How far to the left the screen lies that comes back, as a part of the width.
 constexpr double kBehind = 0.3;
+
+/// What is seen to leave, while the screen itself is out of the tree already. Null where the host
+/// paints none.
+std::shared_ptr<UIView> pictureOf(UIViewController& screen, CGRect place) {
+    UIImage image = UIImage::imageOfView_size_scale(*screen.view(), place.size(),
+                                                    UIScreen::mainScreen().scale());
+    if (image.isNone()) return nullptr;
+    auto picture = std::make_shared<UIImageView>(place);
+    picture->setUserInteractionEnabled(false);
+    picture->setImage(std::move(image));
+    return picture;
+}
 
 double statusBarHeight() {
     return UIScreen::mainScreen().applicationFrame().y;
@@ -113,15 +126,25 @@ void UINavigationController::showTop(const std::shared_ptr<UIViewController>& fo
         transitions.push_back(former->beginAppearance(false, isMoving));
         transitions.push_back(top->beginAppearance(true, isMoving));
     }
-    former->view()->removeFromSuperview();
     const CGRect place = contentFrame();
-    const double beside = side == Side::right ? place.width : -kBehind * place.width;
-    if (isMoving) top->view()->setFrame(place.offsetBy({beside, 0}));
+    const CGPoint right{place.width, 0};
+    const CGPoint behind{-kBehind * place.width, 0};
+    const bool isForward = side == Side::right;
+    const std::shared_ptr<UIView> picture = isMoving ? pictureOf(*former, place) : nullptr;
+    former->view()->removeFromSuperview();
+    if (isMoving) top->view()->setFrame(place.offsetBy(isForward ? right : behind));
     view()->insertSubview_atIndex(top->view(), 0);
+    if (picture) view()->insertSubview_atIndex(picture, isForward ? 0 : 1);
     updateBar();
     animate(
-        *top->view(), isMoving, kPushDuration, [&] { top->view()->setFrame(place); },
-        [transitions = std::move(transitions), isMoving, completion = std::move(completion)] {
+        *top->view(), isMoving, kPushDuration,
+        [&] {
+            top->view()->setFrame(place);
+            if (picture) picture->setFrame(place.offsetBy(isForward ? behind : right));
+        },
+        [picture, transitions = std::move(transitions), isMoving,
+         completion = std::move(completion)] {
+            if (picture) picture->removeFromSuperview();
             for (const Transition& transition : transitions)
                 endAppearance(transition, isMoving);
             if (completion) completion();

@@ -9,8 +9,8 @@ namespace gexlo {
 
 namespace {
 
-double resting(double wanted, double first, double last, double visible, bool paging) {
-    if (paging && visible > 0) wanted = std::round(wanted / visible) * visible;
+double resting(double wanted, double first, double last, double step) {
+    if (step > 0) wanted = std::round(wanted / step) * step;
     return std::clamp(wanted, first, last);
 }
 
@@ -57,8 +57,9 @@ void UIScrollView::setContentOffset_animated(CGPoint offset, bool animated) {
 CGPoint UIScrollView::restingOffset(CGPoint offset) const {
     const CGPoint first = firstOffset();
     const CGPoint last = lastOffset();
-    return {resting(offset.x, first.x, last.x, frame().width, pagingEnabled_),
-            resting(offset.y, first.y, last.y, frame().height, pagingEnabled_)};
+    const CGSize step = restingStep();
+    return {resting(offset.x, first.x, last.x, step.width),
+            resting(offset.y, first.y, last.y, step.height)};
 }
 
 void UIScrollView::dragTo(CGPoint offset) {
@@ -70,8 +71,10 @@ void UIScrollView::dragTo(CGPoint offset) {
             return;
         window->touchCancel();
     }
+    const auto self = weak_from_this().lock();
     willBeginDragging();
     setContentOffset(restingOffset(offset));
+    didComeToRest();
 }
 
 }  // namespace gexlo

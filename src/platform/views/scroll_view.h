@@ -43,8 +43,11 @@ public:
     /// Whether a drag takes a touch from that view; where not, it is the view's.
     virtual bool touchesShouldCancelInContentView(const UIView&) const { return true; }
 
-    /// Where the content comes to rest that is let go at that offset: within its limits, and at
-    /// the nearest page where paging is on.
+    /// How far the places at which the content comes to rest lie apart: a page where paging is
+    /// on; 0 where it comes to rest anywhere.
+    virtual CGSize restingStep() const { return pagingEnabled_ ? frame().size() : CGSize{}; }
+    /// Where the content comes to rest that is let go at that offset: within its limits, at the
+    /// nearest step.
     CGPoint restingOffset(CGPoint offset) const;
     /// A finger's drag towards an offset that then comes to rest.
     void dragTo(CGPoint offset);
@@ -52,6 +55,8 @@ public:
     virtual void willBeginDragging() {}
     /// The finger has let go, perhaps beyond the limits, before the view comes to rest.
     virtual void didEndDragging() {}
+    /// What a finger has moved stands still.
+    virtual void didComeToRest() {}
 
 protected:
     virtual void didScroll() {}

@@ -8,10 +8,14 @@ namespace gexlo {
 class UIActivityIndicatorView;
 class UIButton;
 class UIControl;
+class UIDatePicker;
 class UIImageView;
 class UILabel;
+class UIPickerView;
+class UIPickerWheel;
 class UIScrollView;
 class UISlider;
+class UISwitch;
 class UITableView;
 class UITableViewCell;
 class UITextField;
@@ -34,6 +38,10 @@ public:
     virtual void visit(Access<UIControl>& control) = 0;
     virtual void visit(Access<UIButton>& button) = 0;
     virtual void visit(Access<UISlider>& slider) = 0;
+    virtual void visit(Access<UISwitch>& control) = 0;
+    virtual void visit(Access<UIPickerView>& picker) = 0;
+    virtual void visit(Access<UIPickerWheel>& wheel) = 0;
+    virtual void visit(Access<UIDatePicker>& picker) = 0;
     virtual void visit(Access<UITextField>& field) = 0;
     virtual void visit(Access<UITextView>& view) = 0;
 };
