@@ -70,8 +70,9 @@ public:
 
 private:
     void save() {
-        UIAlert alert{.title = "Save?",
-                      .buttons = {{"No", UIAlert::Button::Style::cancel}, {"Yes"}}};
+        UIAlert alert;
+        alert.title = "Save?";
+        alert.buttons = {{"No", UIAlert::Button::Style::cancel}, {"Yes"}};
         alert.dismissed = [this](std::size_t button, const auto&) {
             if (button == 0) return;
             saved_(field_->text());
