@@ -149,6 +149,12 @@ TEST_F(Screen, return_and_escape_answer_an_alert) {
     addButton("under", {20, 20, 100, 40});
     atRest();
     key(Qt::Key_Tab);
+    show(question());
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
+    QCoreApplication::sendEvent(&window, &held);
+    EXPECT_EQ(pressed, "") << "a key that was down before it came";
+    key(Qt::Key_Escape);
+    pressed.clear();
     for (const auto& [asked, onReturn, onEscape] : cases) {
         for (const auto& [code, answer] :
              {std::pair{Qt::Key_Return, onReturn}, {Qt::Key_Escape, onEscape}}) {
@@ -445,9 +451,14 @@ TEST_F(Screen, a_button_looks_pressed_while_the_finger_is_on_it_and_tells_nothin
     UIControl& titled = addButton("Go", {20, 20, 100, 60});
     UIControl& composed = add<UIControl>({250, 20, 100, 60}, UIColor::blackColor());
     composed.add<UILabel>(CGRect{10, 10, 80, 40}).setText("Go");
+    auto& unseen = composed.add<UILabel>(CGRect{10, 10, 80, 40});
+    unseen.setText("unseen");
+    unseen.setHidden(true);
     UIControl& empty = add<UIButton>({20, 120, 100, 60});
     UIControl& once = addButton("Once", {140, 120, 100, 60});
     once.addAction(UIControlEvent::touchDown, [&] { once.setEnabled(false); });
+    atRest();
+    EXPECT_FALSE(itemThatIs("Go, unseen", *window.contentItem())) << "nor is it spoken";
     for (UIControl* control : {&titled, &composed, &empty, &once}) {
         const auto picture = [&] {
             atRest();
@@ -567,6 +578,9 @@ TEST_F(Screen, the_title_fades_out_over_all_its_time) {
 TEST_F(Screen, a_larger_window_is_painted_anew_and_not_stretched) {
     auto& label = add<UILabel>({20, 20, 300, 40}, kWhite);  // texts on nothing have other edges
     label.setText("Sharp letters at every size");
+    UIView& round = add({320, 5, 50, 50}, kWhite);
+    round.setBorder(3, kGreen);
+    round.setCornerRadius(25);
     atRest();
     window.resize(750, 1334);
     runUntil([&] { return window.screen().width() == 750; });

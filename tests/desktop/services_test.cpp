@@ -182,6 +182,11 @@ TEST_F(NotificationService, shows_what_rang_as_it_is_and_tells_of_a_click) {
     EXPECT_EQ(shown[0].mid(3, 2), QVariantList({"Gexlo", "<R&D>"}));
     EXPECT_EQ(shown[1].mid(3, 2), QVariantList({"Gexlo", "&lt;R&amp;D&gt;"}));
     EXPECT_EQ(texts()[5], "clicked\ntogether");
+    std::vector<UILocalNotification> many(12, notes[1]);
+    many.back().alertBody = "newest";
+    notifications.show(many);
+    runUntil([&] { return shown.size() == 7; });
+    EXPECT_TRUE(texts()[6].ends_with("\nnewest")) << "where not all have room";
     EXPECT_TRUE(qdbus_cast<QVariantMap>(shown[0][6]).contains("suppress-sound"));
     for (const int number : {1, 5})
         EXPECT_TRUE(qdbus_cast<QVariantMap>(shown[number][6]).contains("sound-name"));

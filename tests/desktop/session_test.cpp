@@ -22,8 +22,6 @@ protected:
         std::filesystem::current_path(directory.path());
         phone.advance(1);  // until the splash has gone
     }
-    /// A turn would reach for a window that has gone.
-    ~Session() override { UIApplication::sharedApplication().terminate(); }
     /// A start of the program while this one runs, to its end.
     void startAgain(const std::string& argument) {
         const ChildResult result = runBeside([&] {
@@ -175,6 +173,7 @@ TEST_F(Session, names_a_file_so_that_every_file_system_takes_it) {
     const std::pair<std::string, std::string> cases[] = {{"", "Gexlo"},
                                                          {" .. ", "Gexlo"},
                                                          {".b/c\\d:e\n", "b-c-d-e-"},
+                                                         {"Term 1  ", "Term 1"},
                                                          {longest, longest.substr(0, 198)}};
     for (const auto& [timetable, name] : cases)
         EXPECT_EQ(fileNameFor(timetable), name + ".gexlo");
@@ -198,6 +197,11 @@ TEST_F(Session, the_bar_is_reached_by_keys_and_leaves_touches_to_the_phone) {
         QTest::keyClick(&window, Qt::Key_Return);
         EXPECT_FALSE(dialog("Open timetable file")) << key << " with another";
     }
+    QTest::keyPress(&window, Qt::Key_Alt);
+    QTest::mouseClick(&window, Qt::LeftButton, {}, {187, 300});
+    QTest::keyRelease(&window, Qt::Key_Alt);
+    QTest::keyClick(&window, Qt::Key_Return);
+    EXPECT_FALSE(dialog("Open timetable file")) << "held for a click";
     opens({Qt::Key_Alt, Qt::Key_Return}, "Open timetable file");
 
     // With margins at its sides.

@@ -95,6 +95,15 @@ TEST(AlertView, keeps_to_the_screen_and_all_of_it_can_be_reached) {
     }
 }
 
+TEST(AlertView, only_what_destroys_is_red) {
+    Phone phone;
+    UIAlert alert = filled(UIAlert::Kind::sheet, "Word ", 1, 1, 0);
+    alert.buttons.push_back({"Delete", Style::destructive});
+    const std::vector<UIButton*> buttons = alertView(alert, kScreens[0]).buttons;
+    for (const UIButton* button : buttons)
+        EXPECT_EQ(button->titleColor().red > 0.5F, button == buttons.back());
+}
+
 }  // namespace
 
 }  // namespace gexlo::test

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <QBuffer>
-#include <QImageWriter>
 #include <cmath>
 #include <fstream>
 
@@ -72,11 +71,12 @@ TEST_F(Images, pixels_come_back_from_a_png_and_nearly_from_a_jpeg) {
 }
 
 TEST_F(Images, a_photo_stands_as_it_was_taken) {
-    QBuffer file;
-    QImageWriter writer(&file, "jpeg");
-    writer.setTransformation(QImageIOHandler::TransformationRotate90);
-    writer.write(pixels(quarters));
-    const UIImage photo = read({file.data().begin(), file.data().end()});
+    // As a camera marks one that was held upright.
+    const auto mark = QByteArray::fromHex(
+        "ffe100224578696600004d4d002a00000008000101120003000000010006000000000000");
+    NSData file = UIImageJPEGRepresentation(quarters, 1);
+    file.insert(file.begin() + 2, mark.begin(), mark.end());
+    const UIImage photo = read(file);
     EXPECT_EQ(photo.size(), (CGSize{10, 20}));
     EXPECT_GT(pixels(photo).pixelColor(2, 2).blue(), 200) << "the lower left corner";
 }
@@ -99,6 +99,8 @@ TEST_F(Images, a_crop_is_the_part_that_lies_in_the_image) {
         EXPECT_EQ(pixels(crop), whole.copy(at.part));
         EXPECT_EQ(pixels(read(UIImagePNGRepresentation(crop))), whole.copy(at.part));
     }
+    const UIImage fine = UIImage::imageWithBitmap_scale(quarters.bitmap(), 2);
+    EXPECT_EQ(CGImageCreateWithImageInRect(fine, {4, 2, 10, 4}).size(), (CGSize{5, 2}));
     const UIImage crop = CGImageCreateWithImageInRect(quarters, {5, 2, 12, 6});
     quarters = {};
     EXPECT_EQ(pixels(crop), whole.copy(5, 2, 12, 6)) << "the pixels stay with who shows them";
@@ -129,6 +131,11 @@ TEST_F(Images, pixels_fill_a_view_stretch_between_caps_repeat_and_take_a_tint) {
         shown(quarters.stretchableImageWithLeftCapWidth_topCapHeight(9, 0), {0, 0, 40, 10});
     EXPECT_EQ(capped.pixelColor(8, 2), Qt::red);
     EXPECT_EQ(capped.pixelColor(32, 2), Qt::green);
+    const UIImage striped = CGImageCreateWithImageInRect(quarters, {0, 2, 10, 8});
+    const QImage high =
+        shown(striped.stretchableImageWithLeftCapWidth_topCapHeight(1, 3), {0, 0, 40, 40});
+    EXPECT_EQ(high.pixelColor(5, 1), Qt::red);
+    EXPECT_EQ(high.pixelColor(5, 6), Qt::blue) << "the cap above stays as high";
 
     const QImage tiled = shown(quarters.tiled(), {5, 5, 30, 30});
     EXPECT_EQ(tiled.copy(5, 5, 20, 10), tiled.copy(5, 15, 20, 10));

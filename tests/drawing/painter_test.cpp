@@ -8,6 +8,7 @@
 #include "hosts/drawing/qt_text_measure.h"
 #include "platform/views/button.h"
 #include "platform/views/scroll_view.h"
+#include "platform/views/slider.h"
 #include "platform/views/switch.h"
 #include "platform/views/text_input.h"
 #include "platform/views/window.h"
@@ -18,7 +19,7 @@ namespace gexlo::test {
 
 namespace {
 
-constexpr UIColor kRed{1, 0, 0, 1}, kGreen{0, 1, 0, 1};
+constexpr UIColor kRed{1, 0, 0, 1}, kGreen{0, 1, 0, 1}, kYellow{1, 1, 0, 1};
 
 /// The smallest rectangle around the pixels of that colour, or around all the others.
 QRect placeOf(const QImage& image, QColor color, bool others = false) {
@@ -65,7 +66,7 @@ TEST_F(Painter, views_cover_their_frames_at_every_scale) {
     UIView& bordered = add({42, 6, 10, 10});
     bordered.setBorder(2, {0, 0, 1, 1});
     add({0, 0, 10, 10}, kGreen, &bordered);
-    sheet->setStrokes({{{0, 39}, {60, 39}, 2, {1, 0, 1, 1}}});
+    sheet->setStrokes({{{0, 39}, {60, 39}, 2, {1, 0, 1, 1}}, {{200, 0}, {300, 100}, 4, kYellow}});
     for (int i = 0; i < 20; ++i)
         add({100 + i * 3.0, 0, 3, 40}, UIColor::blackColor());
     const std::pair<QColor, QRect> cases[] = {{Qt::red, {12, 10, 10, 8}},
@@ -75,6 +76,11 @@ TEST_F(Painter, views_cover_their_frames_at_every_scale) {
     for (const auto& [color, place] : cases) {
         EXPECT_EQ(placeOf(painted(1), color), place);
         EXPECT_EQ(placeOf(painted(2), color), QRect(place.topLeft() * 2, place.size() * 2));
+    }
+    for (const int scale : {1, 2}) {
+        const QImage row = painted(scale).copy(0, 50 * scale, 400 * scale, 1);
+        // Without what its edges mix with the white.
+        EXPECT_NEAR(placeOf(row, Qt::yellow).width() + 2.5, 5.7 * scale, 1) << "a slanting line";
     }
     add({0, 50.2, 30, 0.2}, {0, 1, 1, 1});
     for (const int scale : {1, 2})
@@ -120,6 +126,19 @@ TEST_F(Painter, images_stretch_between_their_caps_tile_and_take_a_tint) {
     EXPECT_EQ(placeOf(painted(), Qt::green), QRect(0, 0, 80, 20));
 }
 
+TEST_F(Painter, controls_show_their_value_and_their_press_within_their_shape) {
+    auto& slider = add<UISlider>({0, 0, 128, 40});
+    slider.setRange(10, 20);
+    slider.setValue(15);
+    EXPECT_GT(painted(1).pixelColor(40, 20).saturation(), 200);
+    EXPECT_EQ(painted(1).pixelColor(90, 20).saturation(), 0) << "half of the way";
+    auto& button = add<UIButton>({200, 0, 60, 60});
+    button.setCornerRadius(20);
+    button.setHighlighted(true);
+    EXPECT_NE(painted(1).pixelColor(230, 30), Qt::white);
+    EXPECT_EQ(painted(1).pixelColor(201, 1), Qt::white);
+}
+
 TEST_F(Painter, a_switch_shows_which_way_it_is_thrown) {
     auto& control = add<UISwitch>({10, 10, 51, 31});
     const auto halves = [&] {
@@ -151,6 +170,9 @@ TEST_F(Painter, the_driver_writes_the_screen_with_what_lies_over_it) {
     UIAlert::notice("Title", "Message", "OK").show();
     EXPECT_LT(qRed(painter.paintScreen(window, 2).pixel(2, 2)), qRed(screen.pixel(2, 2)));
     EXPECT_GT(qRed(painter.paintScreen(window, 2).pixel(375, 667)), 200);
+    const QImage one = painter.paintScreen(window, 2);
+    UIAlert::notice("Another", "Message", "OK").show();
+    EXPECT_NE(painter.paintScreen(window, 2), one) << "the topmost";
 }
 
 TEST_F(Painter, a_frame_of_the_measured_size_holds_all_of_a_text) {

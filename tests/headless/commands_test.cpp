@@ -10,6 +10,7 @@
 #include "platform/services/local_notification.h"
 #include "platform/views/button.h"
 #include "platform/views/date_picker.h"
+#include "platform/views/image_view.h"
 #include "platform/views/slider.h"
 #include "platform/views/switch.h"
 #include "platform/views/table_view.h"
@@ -43,6 +44,9 @@ public:
         auto& faded = cell->contentView().add<UILabel>(CGRect{150, 0, 40, 40});
         faded.setText("faded");
         faded.setAlpha(0);
+        auto& level = cell->contentView().add<UISlider>(CGRect{200, 0, 40, 40});
+        level.setAccessibilityIdentifier("level");
+        level.setHidden(true);
         if (marks && path.section == 0) {
             cell->setAccessory(path.row == 1   ? UITableViewCellAccessory::checkmark
                                : path.row == 2 ? UITableViewCellAccessory::detailButton
@@ -169,6 +173,8 @@ TEST_F(Commands, rows_are_read_and_treated_where_they_stand) {
     });
     EXPECT_FALSE(window.hasChanged() || window.hasChangedBelow())
         << "what is refused or only looks changes nothing";
+    play({{R"({"cmd":"set","id":"level","value":1,)" + in(1, 19) + "}", "cannot be reached"}});
+    EXPECT_EQ(table.contentOffset(), (CGPoint{0, 0})) << "back where it was";
     UIAlert::notice("", "Message", "OK").show();
     play({{mark(in(1, 19)), R"("hit":null)"}});
     EXPECT_EQ(table.contentOffset(), (CGPoint{0, 0})) << "no finger scrolls under an alert";
@@ -305,6 +311,10 @@ TEST_F(Commands, controls_move_as_under_a_finger) {
     button.addAction(UIControlEvent::touchUpInside, [this] { owner->told += "pressed|"; });
     button.setImage(UIImage::imageNamed("front"));
     button.setBackgroundImage(UIImage::imageNamed("back"));
+    auto& image = add<UIImageView>("image", {150, 150, 40, 40});
+    image.setImage(UIImage::imageNamed("front"));
+    image.setTintColor({1, 0.5F, 0, 1});
+    add<UIButton>("half", {200, 600, 100, 200});
     auto& pages = add<UIScrollView>("pages", {0, 200, 100, 100});
     pages.setContentSize({300, 100});
     pages.setPagingEnabled(true);
@@ -324,6 +334,8 @@ TEST_F(Commands, controls_move_as_under_a_finger) {
         {R"({"cmd":"touch","phase":"up","x":50,"y":400})", "true"},
         {R"({"cmd":"find","id":"press"})", R"("backgroundImage":"back")"},
         {R"({"cmd":"find","id":"press"})", R"("image":"front")"},
+        {R"({"cmd":"find","id":"image"})", R"("image":"front","tint":[1.0,0.5,0.0,1.0])"},
+        {R"({"cmd":"tap","id":"half"})", R"("hit":"half")"},
         {scroll(140, 0), R"("contentOffset":[100.0,0.0])"},
         {scroll(160, 50), R"("contentOffset":[200.0,0.0])"},
         {scroll(900, 0), R"("contentOffset":[200.0,0.0])"},
@@ -379,6 +391,16 @@ TEST_F(Commands, an_alarm_is_delivered_once_or_again_each_week) {
     EXPECT_EQ(standing(), "weekly ");
 }
 
+TEST(RealClock, lets_what_has_fallen_due_run_before_a_command) {
+    Phone phone;
+    phone.quit();
+    Device device(phone.facts, Clock::real(), phone.services);
+    bool ran = false;
+    device.mainQueue().after(0, [&] { ran = true; });
+    Driver().answer(R"({"cmd":"defaults"})");
+    EXPECT_TRUE(ran);
+}
+
 TEST_F(Commands, settling_runs_the_replies_to_what_is_under_way_and_to_what_follows) {
     PendingRequests& requests = Device::current().requests();
     std::string replies;
@@ -407,6 +429,12 @@ TEST_F(Commands, settling_runs_the_replies_to_what_is_under_way_and_to_what_foll
          {R"({"cmd":"settle"})", R"("completed":0,"ok":true,"pending":0,"timedOut":1)"}});
     lost.finish({});
     EXPECT_EQ(replies, "first next late");
+    auto one = requests.begin(60, [&] { replies += " one"; });
+    auto two = requests.begin(60, [&] { replies += " two"; });
+    two.finish({});
+    one.finish({});
+    play({{R"({"cmd":"settle"})", R"("completed":2)"}});
+    EXPECT_EQ(replies, "first next late two one") << "as they ended";
 }
 
 TEST_F(Commands, views_are_found_by_all_that_is_asked) {

@@ -74,6 +74,8 @@ TEST_F(DriverProgram, each_fault_of_a_line_has_its_error_and_changes_nothing) {
         {R"({"cmd":"advance","seconds":1e308})", "outside"},
         {R"({"cmd":"launch"})", ""},
         {R"({"cmd":"launch"})", "launched already"},
+        {R"({"cmd":"composer","result":"sent"})", "nothing is being composed"},
+        {R"({"cmd":"composer","result":"lost"})", "neither"},
         {R"({"cmd":"foreground"})", "not in the background"},
         {R"({"cmd":"background"})", ""},
         {R"({"cmd":"background"})", "background already"},
@@ -103,11 +105,11 @@ TEST_F(DriverProgram, what_is_typed_is_kept_and_what_is_sent_comes_out_once) {
     const auto answers = play(lines + R"({"cmd":"outbox"}
 {"cmd":"outbox"}
 {"cmd":"store"})",
-                              {"--now", "2026-03-02T08:00:00"});
+                              {"--now", "2026-12-31T08:00:00"});
     for (const json& answer : answers)
         EXPECT_EQ(answer["ok"], true) << answer;
     const json& sent = answers[answers.size() - 3]["mail"][0]["attachments"][0];
-    EXPECT_EQ(sent["name"], "20260302.gexlo");
+    EXPECT_EQ(sent["name"], "20261231.gexlo");
     EXPECT_TRUE(sent["data"].get<std::string>().starts_with("U1FMaXRlIGZvcm1hdCAz"));
     json nothing{{"ok", true}};
     for (const char* kind : {"mail", "social", "album", "opened"})
@@ -180,12 +182,13 @@ TEST(InputWait, runs_what_another_thread_queues_until_a_line_comes) {
 
 TEST(DriverOptions, tell_the_device_what_it_is) {
     const char* arguments[] = {
-        "",           "--data",   "kept",    "--now",     "2026-03-02T08:00:00", "--time-zone",
-        "Asia/Seoul", "--screen", "320x480", "--no-watch"};
+        "",           "--data",   "kept",    "--now",      "2026-03-02T08:00:00", "--time-zone",
+        "Asia/Seoul", "--screen", "320x480", "--no-watch", "--keyboard-height",   "258"};
     const DriverCommandLine line = parseDriverCommandLine(std::size(arguments), arguments);
     ASSERT_TRUE(line.options) << line.end.text;
     EXPECT_EQ(line.options->facts.root, std::filesystem::current_path() / "kept");
     EXPECT_EQ(line.options->facts.screenHeight, 480);
+    EXPECT_EQ(line.options->facts.keyboardHeight, 258);
     EXPECT_EQ(line.options->clock.now().timeIntervalSince1970(), Phone::kStart);
     EXPECT_FALSE(line.options->facts.watchSupported);
 }

@@ -74,6 +74,10 @@ TEST_F(Dates, each_language_orders_and_names_the_fields_its_way) {
             formatter.setDateStyle(style);
             text += formatter.stringFromDate(date) + "|";
         }
+        NSDateFormatter timed;
+        timed.setDateStyle(DateStyle::shortStyle);
+        timed.setTimeStyle(DateStyle::shortStyle);
+        EXPECT_NE(timed.stringFromDate(date), formatter.stringFromDate(date));
         for (const char* fields : {"HHmm", "cccMMMdHHmm"}) {
             const NSLocale locale = NSLocale::currentLocale();
             formatter.setDateFormat(NSDateFormatter::dateFormatFromTemplate(fields, locale));

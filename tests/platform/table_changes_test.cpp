@@ -293,6 +293,9 @@ TEST_F(TableChanges, a_selected_row_shows_it_until_it_is_deselected) {
     cell->setSelectedBackgroundColor(UIColor::blackColor());
     EXPECT_TRUE(table->selectRow({0, 1}));
     EXPECT_EQ(cell->backgroundColor(), UIColor::blackColor());
+    EXPECT_TRUE(table->selectRow({0, 0}));
+    EXPECT_FALSE(cell->isSelected()) << "one at a time";
+    EXPECT_TRUE(table->selectRow({0, 1}));
     table->deselectRow({0, 0}, true);
     EXPECT_TRUE(cell->isSelected()) << "another was meant";
     table->deselectRow({0, 1}, true);
@@ -363,7 +366,8 @@ TEST_F(TableChanges, a_swipe_uncovers_what_deletes_the_row) {
     tap(200, 250);
     EXPECT_EQ(content(1), 0) << "beside the button it is taken back";
     EXPECT_EQ(selected, 0);
-    swipe(190, -150);
+    swipe(190, -0.6 * UITableViewCell::kDeleteButtonWidth);
+    EXPECT_EQ(content(1), -UITableViewCell::kDeleteButtonWidth) << "more than half is enough";
     tap(290, 190);
     EXPECT_EQ(seen(), "50@20 70@70 ");
     tap(200, 200);
@@ -371,6 +375,12 @@ TEST_F(TableChanges, a_swipe_uncovers_what_deletes_the_row) {
     table->setEditing(true);
     swipe(200, -150);
     EXPECT_EQ(content(1), table->cellForRow({0, 1})->deleteMark().width) << "not with the marks";
+    table->setEditing(false);
+    show(std::vector<int>(20, 50));
+    swipe(190, -150);
+    table->dragTo({0, 500});
+    for (const NSInteger row : {10, 11, 12, 13})
+        EXPECT_EQ(content(row), 0) << "another row in the same view";
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include "platform/views/alert.h"
 #include "platform/views/navigation_controller.h"
+#include "platform/views/text_input.h"
 #include "platform/views/window.h"
 #include "support/phone.h"
 
@@ -60,7 +61,9 @@ protected:
 
 TEST_F(ViewControllers, one_that_is_presented_lies_over_all_and_goes_with_its_holder) {
     const auto top = screen("T");
+    window.setFirstResponder(&root->view()->add<UITextField>(CGRect{0, 100, 90, 40}));
     root->presentViewController_animated_completion(top, true, tells("done"));
+    EXPECT_EQ(window.firstResponder(), nullptr) << "nobody writes to what is covered";
     EXPECT_EQ(takeTold(), "T= R- T+");
     EXPECT_EQ(top->view()->frame(), window.bounds()) << "the end of an animation holds at once";
     EXPECT_EQ(window.hitTest({5, 5}), top->view().get());
@@ -121,6 +124,7 @@ TEST_F(ViewControllers, a_navigation_keeps_only_its_top_screen_in_the_tree) {
     EXPECT_EQ(takeTold(), "B= A- B+");
     EXPECT_FALSE(isInTree(*first));
     EXPECT_EQ(second->view()->frame().y, 64);
+    EXPECT_EQ(second->view()->frameAt(NSDate::date()).x, 375) << "in from the right";
     EXPECT_EQ(takeTold(0.36), "A. B! pushed");
     const auto third = screen("C");
     navigation->pushViewController_animated(third, false);
@@ -129,6 +133,7 @@ TEST_F(ViewControllers, a_navigation_keeps_only_its_top_screen_in_the_tree) {
 
     // The bar's button is touched, as a person would.
     window.press(back);
+    EXPECT_LT(second->view()->frameAt(NSDate::date()).x, 0) << "and back from the left";
     EXPECT_EQ(takeTold(1), "C- B+ C. B!");
     EXPECT_EQ(navigation->topViewController(), second.get());
     EXPECT_EQ(third.use_count(), 1) << "what was popped is its caller's";

@@ -90,6 +90,11 @@ TEST_F(SubjectList, it_frees_the_menu_unless_the_editor_follows_and_edited_only_
     press("doneButton");
     press("closeButton");
     EXPECT_FALSE(isMenuLocked()) << "at once";
+    phone.advance(0.2);
+    tap(cell(1, 0));
+    EXPECT_EQ(drawn(1), "*A|B|C|");
+    manager().openLessonSelector();
+    EXPECT_EQ(drawn(1), "A|B|C|") << "what was open of a subject closes";
 }
 
 }  // namespace

@@ -58,8 +58,10 @@ TEST_F(Timetables, a_copy_takes_settings_times_and_subjects_and_leaves_what_is_p
     lesson.professor->name = "Ms Kim";
     lesson.professor->phone = "555";
     lesson.memo.anyObject()->content = "secret";
-    for (GXDayNPeriodData* placement : lesson.times)
+    for (GXDayNPeriodData* placement : lesson.times) {
         placement->alarmValue = 3;
+        placement->room = "B2";
+    }
     phone.addHomework(lesson, "Essay");
 
     GXTimetableData& copy = manager().copyTimetableFromTimetableNo(source.index.get());
@@ -95,8 +97,10 @@ TEST_F(Timetables, a_copy_takes_settings_times_and_subjects_and_leaves_what_is_p
     EXPECT_EQ(subject.memo.anyObject()->content.get(), "");
     EXPECT_TRUE(subject.homework.isEmpty());
     ASSERT_EQ(subject.times.count(), 2U);
-    for (const GXDayNPeriodData* placement : subject.times)
+    for (const GXDayNPeriodData* placement : subject.times) {
         EXPECT_EQ(placement->alarmValue.get(), 0);
+        EXPECT_EQ(placement->room.get(), "B2");
+    }
     EXPECT_EQ(lesson.times.count(), 2U) << "the source keeps its own";
 }
 
