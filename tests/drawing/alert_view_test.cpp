@@ -99,9 +99,9 @@ TEST(AlertView, only_what_destroys_is_red) {
     Phone phone;
     UIAlert alert = filled(UIAlert::Kind::sheet, "Word ", 1, 1, 0);
     alert.buttons.push_back({"Delete", Style::destructive});
-    const std::vector<UIButton*> buttons = alertView(alert, kScreens[0]).buttons;
-    for (const UIButton* button : buttons)
-        EXPECT_EQ(button->titleColor().red > 0.5F, button == buttons.back());
+    const AlertView shown = alertView(alert, kScreens[0]);
+    for (const UIButton* button : shown.buttons)
+        EXPECT_EQ(button->titleColor().red > 0.5F, button == shown.buttons.back());
 }
 
 }  // namespace
