@@ -38,6 +38,7 @@ ChildResult runForked(const std::function<void()>& work, const std::string& inpu
 
 ChildResult runProgram(const std::vector<std::string>& command, const std::string& input) {
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (const std::string& word : command)
         arguments.push_back(const_cast<char*>(word.c_str()));
     arguments.push_back(nullptr);

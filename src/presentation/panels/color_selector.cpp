@@ -86,8 +86,9 @@ GXColorSelector::Swatch GXColorSelector::addSwatch(const std::string& identifier
 void GXColorSelector::addSubjectColors(double& y) {
     const GXColorManager& colors = GXColorManager::colorManager();
     for (NSInteger i = 0; i < colors.numOfColors(); ++i) {
+        const NSInteger row = i / kColumns;
         const CGRect frame{kMargin + static_cast<double>(i % kColumns) * (kSwatch + kGap),
-                           y + static_cast<double>(i / kColumns) * (swatchHeight_ + kGap), kSwatch,
+                           y + static_cast<double>(row) * (swatchHeight_ + kGap), kSwatch,
                            swatchHeight_};
         colors_.push_back(
             addSwatch(stringWithFormat("subjectColor_%ld", i), frame, colors.colorAt(i), i));

@@ -67,8 +67,9 @@ void GXMoreMenu::addItems() {
     const double width = panel_.frame().width / kColumns;
     int place = 0;
     for (const auto& item : items) {
-        const CGRect frame{place % kColumns * width, kMargin + place / kColumns * kItemHeight,
-                           width, kItemHeight};
+        const int row = place / kColumns;
+        const CGRect frame{place % kColumns * width, kMargin + row * kItemHeight, width,
+                           kItemHeight};
         UIButton& button = panel_.add<UIButton>(frame);
         button.setAccessibilityIdentifier(item.identifier);
         button.setAccessibilityLabel(NSLocalizedString(item.textKey));

@@ -38,6 +38,7 @@ std::vector<double> sharedWidths(const std::vector<double>& wanted, double width
     for (const double want : wanted)
         all += more(want);
     std::vector<double> widths;
+    widths.reserve(wanted.size());
     for (const double want : wanted)
         widths.push_back(
             std::floor(kLeastWidth + (width - count * kLeastWidth) * more(want) / all));
