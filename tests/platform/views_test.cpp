@@ -13,6 +13,16 @@ namespace gexlo::test {
 
 namespace {
 
+/// Writes down when the keyboard comes and goes, as "+" and "-".
+struct KeyboardLog {
+    std::string told;
+    NSNotificationCenter& center = NSNotificationCenter::defaultCenter();
+    NotificationToken shown =
+        center.addObserver(kKeyboardWillShowNotification, [this](const auto&) { told += '+'; });
+    NotificationToken hidden =
+        center.addObserver(kKeyboardWillHideNotification, [this](const auto&) { told += '-'; });
+};
+
 class Views : public ::testing::Test {
 protected:
     UIButton& addButton(UIView& parent, CGRect frame) {
@@ -141,12 +151,8 @@ public:
 };
 
 TEST_F(Views, a_field_asks_before_it_changes_and_the_keyboard_follows_the_focus) {
-    std::string keyboard;
-    NSNotificationCenter& center = NSNotificationCenter::defaultCenter();
-    const auto shown =
-        center.addObserver(kKeyboardWillShowNotification, [&](const auto&) { keyboard += '+'; });
-    const auto hidden =
-        center.addObserver(kKeyboardWillHideNotification, [&](const auto&) { keyboard += '-'; });
+    const KeyboardLog log;
+    const std::string& keyboard = log.told;
     const auto delegate = std::make_shared<Refusing>();
     UITextField& first = window.add<UITextField>(CGRect{0, 0, 100, 40});
     const auto second = std::make_shared<UITextField>(CGRect{0, 50, 100, 40});
@@ -207,12 +213,8 @@ protected:
 };
 
 TEST_F(Fields, a_focus_that_is_moved_meanwhile_tells_each_field_in_turn) {
-    std::string keyboard;
-    NSNotificationCenter& center = NSNotificationCenter::defaultCenter();
-    const auto shown =
-        center.addObserver(kKeyboardWillShowNotification, [&](const auto&) { keyboard += '+'; });
-    const auto hidden =
-        center.addObserver(kKeyboardWillHideNotification, [&](const auto&) { keyboard += '-'; });
+    const KeyboardLog log;
+    const std::string& keyboard = log.told;
     UITextField& a = addField(window, "a");
     UITextField& b = addField(window, "b");
     UITextField& c = addField(window, "c");
